@@ -1,0 +1,14 @@
+// vyrcore.h: everything public of libvyrcore in one include.
+#ifndef VYRCORE_VYRCORE_H
+#define VYRCORE_VYRCORE_H
+
+#include <vyrcore/export.h>
+#include <vyrcore/Status.h>
+#include <vyrcore/AssertionHook.h>
+#include <vyrcore/CIMDateTime.h>
+#include <vyrcore/CIMDateTimeImpl.h>
+#include <vyrcore/Logger.h>
+#include <vyrcore/RootObject.h>
+#include <vyrcore/OSSpecific.h>
+
+#endif

@@ -1,0 +1,94 @@
+#include "support/TestSupport.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <ctime>
+
+namespace vyrtest {
+
+ScopedEnv::ScopedEnv(const char* name, const char* value) : fName(name) {
+  const char* old = std::getenv(name);
+  fHadValue = old != nullptr;
+  if (old) fOldValue = old;
+  if (value)
+    setenv(name, value, 1);
+  else
+    unsetenv(name);
+  if (fName == "TZ") tzset();
+}
+
+ScopedEnv::~ScopedEnv() {
+  if (fHadValue)
+    setenv(fName.c_str(), fOldValue.c_str(), 1);
+  else
+    unsetenv(fName.c_str());
+  if (fName == "TZ") tzset();
+}
+
+ScopedTempDir::ScopedTempDir() {
+  const char* base = std::getenv("TMPDIR");
+  std::string pattern = std::string(base && *base ? base : "/tmp") + "/vyrtest.XXXXXX";
+  if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+  fPath = pattern;
+}
+
+ScopedTempDir::~ScopedTempDir() {
+  // Tests make directories unreadable on purpose; give the owner everything back before removal.
+  std::string cmd = "chmod -R u+rwx '" + fPath + "' 2>/dev/null; rm -rf '" + fPath + "'";
+  if (std::system(cmd.c_str()) != 0) std::fprintf(stderr, "could not remove %s\n", fPath.c_str());
+}
+
+StderrCapture::StderrCapture() {
+  char name[] = "/tmp/vyrstderr.XXXXXX";
+  int fd = mkstemp(name);
+  if (fd < 0) throw std::runtime_error("mkstemp failed");
+  fFile = name;
+  std::fflush(stderr);
+  fSavedFd = dup(2);
+  dup2(fd, 2);
+  close(fd);
+}
+
+StderrCapture::~StderrCapture() { Finish(); }
+
+std::string StderrCapture::Finish() {
+  if (fDone) return "";
+  fDone = true;
+  std::fflush(stderr);
+  dup2(fSavedFd, 2);
+  close(fSavedFd);
+  std::string text = ReadFile(fFile);
+  unlink(fFile.c_str());
+  return text;
+}
+
+int OpenFdCount() {
+  int count = 0;
+  DIR* dir = opendir("/proc/self/fd");
+  if (!dir) return -1;
+  while (readdir(dir)) ++count;
+  closedir(dir);
+  return count - 3;  // ".", ".." and the listing's own descriptor
+}
+
+void WriteFile(const std::string& path, const std::string& contents) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << contents;
+  if (!out) throw std::runtime_error("cannot write " + path);
+}
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+}  // namespace vyrtest
