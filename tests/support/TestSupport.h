@@ -4,9 +4,11 @@
 // sets or unsets one environment variable for a scope (and re-reads the zone for TZ).
 // ScopedTempDir makes a fresh directory and removes it with its contents. StderrCapture collects
 // what the process writes to file descriptor 2. OpenFdCount counts /proc/self/fd to show that
-// nothing leaks. ScopedUmask and ScopedFdRedirect change the process's file-creation mask or one
-// descriptor for a scope. RunInChild runs what must not touch the test process (namespaces, user
-// ids) in a forked child; StatusThrownBy turns a call's TVYRException into a number it can report.
+// nothing leaks. CoreLog() gives the process's core logger (made on first use) with an empty
+// in-memory log; LoggedMessages() lists what was kept since. ScopedUmask and ScopedFdRedirect
+// change the process's file-creation mask or one descriptor for a scope. RunInChild runs what
+// must not touch the test process (namespaces, user ids) in a forked child; StatusThrownBy
+// turns a call's TVYRException into a number it can report.
 #ifndef VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
@@ -14,9 +16,11 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include <vyrcore/Logger.h>
 #include <vyrcore/Status.h>
 
 #define EXPECT_VYR_STATUS(stmt, code)                                                   \
@@ -75,6 +79,9 @@ class StderrCapture {
 };
 
 int OpenFdCount();
+
+NORXVYR20::ILogger& CoreLog();
+std::vector<std::string> LoggedMessages();
 
 class ScopedUmask {
  public:
