@@ -41,7 +41,7 @@ std::vector<std::string> TOSSpecific::ListDir(std::string directory) {
   if (!listing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
   std::vector<std::string> names;
   while (const dirent* entry = listing.NextEntry()) names.emplace_back(entry->d_name);
-  // Earlier versions left the listing open; no caller relies on that, so it is closed here.
+  // `listing` closes the handle on return. Earlier versions left it open; no caller relies on that.
   return names;
 }
 
