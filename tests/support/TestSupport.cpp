@@ -78,6 +78,21 @@ int OpenFdCount() {
   return count - 3;  // ".", ".." and the listing's own descriptor
 }
 
+NORXVYR20::ILogger& CoreLog() {
+  if (!NORXVYR20::TLogger::GetInstance()) NORXVYR20::TLogger::Initialize();
+  NORXVYR20::ILogger& logger = *NORXVYR20::TLogger::GetInstance();
+  logger.SetLogThreshold(NORXVYR20::ILogger::kLogSeverityStatus);
+  logger.ClearLog();
+  return logger;
+}
+
+std::vector<std::string> LoggedMessages() {
+  std::vector<std::string> messages;
+  if (NORXVYR20::TLogger* logger = NORXVYR20::TLogger::GetInstance())
+    for (const auto& entry : logger->GetLog()) messages.push_back(entry.fMessage);
+  return messages;
+}
+
 void WriteFile(const std::string& path, const std::string& contents) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out << contents;

@@ -4,14 +4,17 @@
 // sets or unsets one environment variable for a scope (and re-reads the zone for TZ).
 // ScopedTempDir makes a fresh directory and removes it with its contents. StderrCapture collects
 // what the process writes to file descriptor 2. OpenFdCount counts /proc/self/fd to show that
-// nothing leaks.
+// nothing leaks. CoreLog() gives the process's core logger (made on first use) with an empty
+// in-memory log; LoggedMessages() lists what was kept since.
 #ifndef VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include <vyrcore/Logger.h>
 #include <vyrcore/Status.h>
 
 #define EXPECT_VYR_STATUS(stmt, code)                                                   \
@@ -70,6 +73,9 @@ class StderrCapture {
 };
 
 int OpenFdCount();
+
+NORXVYR20::ILogger& CoreLog();
+std::vector<std::string> LoggedMessages();
 
 // Writes a whole file (truncating); reads a whole file ("" when missing).
 void WriteFile(const std::string& path, const std::string& contents);

@@ -1,0 +1,95 @@
+// TLogger: the process-wide logger.
+#include <vyrcore/Logger.h>
+
+#include <cerrno>
+
+#include <vyrcore/OSSpecific.h>
+
+#include "core/Fail.h"
+
+namespace NORXVYR20 {
+
+namespace {
+
+const char* const kOpenBanner = "-- VYR Log Opened ----------------------------\n";
+const char* const kCloseBanner = "-- VYR Log Closed ----------------------------\n";
+
+// The tag written before the message; null for a severity that has none.
+const char* TagOf(ILogger::EVYRLogSeverity severity) {
+  switch (severity) {
+    case ILogger::kLogSeverityError: return "[Error] ";
+    case ILogger::kLogSeverityWarning: return "[Warning] ";
+    case ILogger::kLogSeverityStatus: return "[Status] ";
+    case ILogger::kLogSeverityDebug: return "[Debug] ";
+    case ILogger::kLogSeverityVerbose: return "[Verbose] ";
+    default: return nullptr;
+  }
+}
+
+}  // namespace
+
+TLogger* TLogger::fgInstance = nullptr;
+
+ILogger::~ILogger() = default;
+
+TVYRStatusCode TLogger::Initialize() {
+  // No check for an earlier instance: a second call replaces the pointer and the first logger
+  // stays alive, unreferenced. The front end calls this once.
+  fgInstance = new TLogger();
+  return kVYRStatusOK;
+}
+
+TLogger* TLogger::GetInstance() { return fgInstance; }
+
+TLogger::TLogger() = default;
+
+TLogger::~TLogger() {
+  if (!fLogFilename.empty()) {
+    fLogFile << kCloseBanner;
+    fLogFile.close();
+  }
+}
+
+void TLogger::OutputLogEntry(EVYRLogSeverity severity, const std::string& message) {
+  const bool recordOnly = severity == kLogSeverityRecordOnly;
+  if (!recordOnly && severity > fThreshold) return;
+  // Verbose entries are written but never kept; record-only entries are kept but never written.
+  if (recordOnly || severity < kLogSeverityVerbose)
+    fLog.push_back(TLogEntry{severity, message, TOSSpecific::GetLocalTime()});
+  if (recordOnly) return;
+
+  const char* tag = TagOf(severity);
+  if (!tag) detail::Fail(kVYRStatusFail);
+  const std::string line = std::string("ZUL_") + tag + message + "\n";
+  if (fLogFilename.empty()) {
+    TOSSpecific::OutputLogString(line);
+    return;
+  }
+  // Flushed at once so that the file is complete up to the last entry if the process dies.
+  // Write errors are ignored; after a failed open the stream swallows every line.
+  fLogFile << line << std::flush;
+}
+
+std::list<ILogger::TLogEntry>& TLogger::GetLog() { return fLog; }
+
+void TLogger::ClearLog() { fLog.clear(); }
+
+void TLogger::SetLogThreshold(EVYRLogSeverity threshold) { fThreshold = threshold; }
+
+ILogger::EVYRLogSeverity TLogger::GetLogThreshold() { return fThreshold; }
+
+void TLogger::SetLogFilename(std::string filename) {
+  fLogFilename = filename;
+  if (fLogFile.is_open()) fLogFile.close();
+  fLogFile.clear();
+  // Each call starts a fresh file: an earlier file of that name is truncated, not appended to.
+  errno = 0;
+  fLogFile.open(fLogFilename, std::ios::out | std::ios::trunc | std::ios::ate);
+  if (!fLogFile.is_open()) {
+    const bool denied = errno == EACCES || errno == EPERM;
+    detail::Fail(denied ? kVYRStatusAccessDenied : kVYRStatusFileSystemError);
+  }
+  fLogFile << kOpenBanner << std::flush;
+}
+
+}  // namespace NORXVYR20

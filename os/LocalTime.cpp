@@ -1,0 +1,37 @@
+// TOSSpecific: the local time and the logger's platform sink.
+#include <vyrcore/OSSpecific.h>
+
+#include <sys/time.h>
+
+#include <ctime>
+
+namespace NORXVYR20 {
+
+TCIMDateTime TOSSpecific::GetLocalTime() {
+  // Millisecond resolution, as the logger's time stamps always had.
+  timeval now;
+  gettimeofday(&now, nullptr);
+  const std::time_t seconds = now.tv_sec;
+  std::tm fields = *std::localtime(&seconds);
+
+  // The zone's offset from UTC at this instant, in minutes east: the negated standard offset
+  // (timezone is seconds west), plus an hour while daylight saving time is in effect.
+  tzset();
+  int offset = static_cast<int>(-timezone / 60);
+  if (fields.tm_isdst > 0) offset += 60;
+
+  return TCIMDateTime(static_cast<unsigned short>(fields.tm_year + 1900),
+                      static_cast<unsigned short>(fields.tm_mon + 1),
+                      static_cast<unsigned int>(fields.tm_mday),
+                      static_cast<unsigned short>(fields.tm_hour),
+                      static_cast<unsigned short>(fields.tm_min),
+                      static_cast<unsigned short>(fields.tm_sec),
+                      static_cast<unsigned int>(now.tv_usec / 1000) * 1000,
+                      static_cast<short>(offset));
+}
+
+void TOSSpecific::OutputLogString(std::string) {
+  // Nothing on this platform: without a log file, lines are only kept in memory.
+}
+
+}  // namespace NORXVYR20
