@@ -17,6 +17,12 @@ namespace {
 
 constexpr std::int64_t kMicrosPerSecond = 1000000;
 
+// Instants become microseconds only within about 126,000 years of 1970: far beyond any year the
+// fields can hold, yet small enough that no sum or difference below can overflow 64 bits. mktime
+// normalises, so a day field in the billions does get this far; such a value is refused rather
+// than left to wrap into a meaningless result.
+constexpr std::int64_t kLargestSeconds = 4000000000000;
+
 void RequireBothSet(const TCIMDateTimeImpl& a, const TCIMDateTimeImpl& b) {
   if (a.IsNull() || b.IsNull()) detail::Fail(kVYRStatusInvalidDateTime);
 }
@@ -38,6 +44,12 @@ std::int64_t SecondsOf(const TCIMDateTimeImpl& interval) {
   const std::uint32_t seconds = interval.GetDay() * 86400u + interval.GetHour() * 3600u +
                                 interval.GetMinute() * 60u + interval.GetSecond();
   return seconds;
+}
+
+std::int64_t MicrosOfInstant(std::int64_t seconds) {
+  if (seconds > kLargestSeconds || seconds < -kLargestSeconds)
+    detail::Fail(kVYRStatusInvalidDateTime);
+  return seconds * kMicrosPerSecond;
 }
 
 std::int64_t MicrosOf(const TCIMDateTimeImpl& interval) {
@@ -113,8 +125,8 @@ TCIMDateTime TCIMDateTimeImpl::operator+(const TCIMDateTime& other) const {
 
   const TCIMDateTimeImpl& absolute = fIsInterval ? right : *this;
   const TCIMDateTimeImpl& interval = fIsInterval ? *this : right;
-  const std::int64_t total = InstantOf(absolute, false) * kMicrosPerSecond +
-                             absolute.fMicroSeconds + MicrosOf(interval);
+  const std::int64_t total =
+      MicrosOfInstant(InstantOf(absolute, false)) + absolute.fMicroSeconds + MicrosOf(interval);
   return AbsoluteFromSum(total, absolute.fUTCOffset);
 }
 
@@ -124,21 +136,21 @@ TCIMDateTime TCIMDateTimeImpl::operator-(const TCIMDateTime& other) const {
 
   if (!fIsInterval && !right.fIsInterval) {
     const std::int64_t mine =
-        (InstantOf(*this, false) - fUTCOffset * 60) * kMicrosPerSecond + fMicroSeconds;
+        MicrosOfInstant(InstantOf(*this, false) - fUTCOffset * 60) + fMicroSeconds;
     const std::int64_t theirs =
-        (InstantOf(right, false) - right.fUTCOffset * 60) * kMicrosPerSecond + right.fMicroSeconds;
+        MicrosOfInstant(InstantOf(right, false) - right.fUTCOffset * 60) + right.fMicroSeconds;
     return IntervalFrom(Magnitude(theirs - mine));  // unsigned: a - b equals b - a
   }
   if (fIsInterval && right.fIsInterval) return IntervalFrom(Magnitude(MicrosOf(right) - MicrosOf(*this)));
 
   if (!fIsInterval) {  // absolute - interval
-    const std::int64_t d = (InstantOf(*this, false) * kMicrosPerSecond + fMicroSeconds) -
-                           MicrosOf(right);
+    const std::int64_t d =
+        (MicrosOfInstant(InstantOf(*this, false)) + fMicroSeconds) - MicrosOf(right);
     return AbsoluteFromDifference(d, fUTCOffset);
   }
   // interval - absolute: whole seconds give absolute minus interval while the microseconds give
   // interval minus absolute. The asymmetry is deliberate and is kept.
-  const std::int64_t d = (InstantOf(right, false) * kMicrosPerSecond + fMicroSeconds) -
+  const std::int64_t d = (MicrosOfInstant(InstantOf(right, false)) + fMicroSeconds) -
                          (SecondsOf(*this) * kMicrosPerSecond + right.fMicroSeconds);
   return AbsoluteFromDifference(d, right.fUTCOffset);
 }

@@ -8,7 +8,8 @@
 namespace NORXVYR20 {
 
 TCIMDateTime TOSSpecific::GetLocalTime() {
-  // Millisecond resolution, as the logger's time stamps always had.
+  // Millisecond resolution, as the logger's time stamps always had: gettimeofday cut to whole
+  // milliseconds reads what the deprecated ftime did.
   timeval now;
   gettimeofday(&now, nullptr);
   const std::time_t seconds = now.tv_sec;

@@ -2,8 +2,11 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -91,6 +94,52 @@ std::vector<std::string> LoggedMessages() {
   if (NORXVYR20::TLogger* logger = NORXVYR20::TLogger::GetInstance())
     for (const auto& entry : logger->GetLog()) messages.push_back(entry.fMessage);
   return messages;
+}
+
+ScopedUmask::ScopedUmask(mode_t mask) : fOldMask(umask(mask)) {}
+
+ScopedUmask::~ScopedUmask() { umask(fOldMask); }
+
+ScopedFdRedirect::ScopedFdRedirect(int fd, const std::string& path, int flags) : fFd(fd) {
+  int opened = open(path.c_str(), flags);
+  if (opened < 0) throw std::runtime_error("cannot open " + path);
+  fSavedFd = dup(fd);
+  dup2(opened, fd);
+  close(opened);
+}
+
+ScopedFdRedirect::~ScopedFdRedirect() {
+  dup2(fSavedFd, fFd);
+  close(fSavedFd);
+}
+
+int RunInChild(const std::function<int()>& body) {
+  std::fflush(nullptr);
+  pid_t pid = fork();
+  if (pid < 0) throw std::runtime_error("fork failed");
+  if (pid == 0) {
+    int code = 254;
+    try {
+      code = body();
+    } catch (...) {
+    }
+    std::fflush(nullptr);
+    _exit(code);
+  }
+  int status = 0;
+  while (waitpid(pid, &status, 0) < 0) {
+    if (errno != EINTR) throw std::runtime_error("waitpid failed");
+  }
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+int StatusThrownBy(const std::function<void()>& call) {
+  try {
+    call();
+  } catch (const NORXVYR20::TVYRException& e) {
+    return e.GetStatusCode().GetCode();
+  }
+  return -1;
 }
 
 void WriteFile(const std::string& path, const std::string& contents) {

@@ -5,10 +5,16 @@
 // ScopedTempDir makes a fresh directory and removes it with its contents. StderrCapture collects
 // what the process writes to file descriptor 2. OpenFdCount counts /proc/self/fd to show that
 // nothing leaks. CoreLog() gives the process's core logger (made on first use) with an empty
-// in-memory log; LoggedMessages() lists what was kept since.
+// in-memory log; LoggedMessages() lists what was kept since. ScopedUmask and ScopedFdRedirect
+// change the process's file-creation mask or one descriptor for a scope. RunInChild runs what
+// must not touch the test process (namespaces, user ids) in a forked child; StatusThrownBy
+// turns a call's TVYRException into a number it can report.
 #ifndef VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
+#include <sys/types.h>
+
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -76,6 +82,38 @@ int OpenFdCount();
 
 NORXVYR20::ILogger& CoreLog();
 std::vector<std::string> LoggedMessages();
+
+class ScopedUmask {
+ public:
+  explicit ScopedUmask(mode_t mask);
+  ~ScopedUmask();
+  ScopedUmask(const ScopedUmask&) = delete;
+  ScopedUmask& operator=(const ScopedUmask&) = delete;
+
+ private:
+  mode_t fOldMask;
+};
+
+// Puts `path`, opened with `flags`, on descriptor fd; restores the original descriptor (even if
+// the code under test closed fd meanwhile) when the scope ends.
+class ScopedFdRedirect {
+ public:
+  ScopedFdRedirect(int fd, const std::string& path, int flags);
+  ~ScopedFdRedirect();
+  ScopedFdRedirect(const ScopedFdRedirect&) = delete;
+  ScopedFdRedirect& operator=(const ScopedFdRedirect&) = delete;
+
+ private:
+  int fFd;
+  int fSavedFd;
+};
+
+// Runs body in a forked child that leaves with _exit(body()), and returns the child's exit
+// status; -1 when it died of a signal, 254 when body threw.
+int RunInChild(const std::function<int()>& body);
+
+// The status code of the TVYRException that call throws; -1 when it returns normally.
+int StatusThrownBy(const std::function<void()>& call);
 
 // Writes a whole file (truncating); reads a whole file ("" when missing).
 void WriteFile(const std::string& path, const std::string& contents);
