@@ -151,6 +151,20 @@ TEST(CIMValueTest, CopyingCopiesTypeBodyAndArrayBound) {
   }
 }
 
+TEST(CIMValueTest, AssigningAnEqualValueChangesNothing) {
+  // 0.0 and -0.0 are equal, so the body is not exchanged.
+  TCIMValue zero(0.0);
+  zero = TCIMValue(-0.0);
+  EXPECT_FALSE(std::signbit(static_cast<double>(zero)));
+  // The bound of a non-null array is not part of equality, so it is not copied either...
+  TCIMValue bounded(TCIMType(7), 4, {TCIMValue(1)});
+  bounded = TCIMValue(TCIMType(7), 9, {TCIMValue(1)});
+  EXPECT_EQ(bounded.GetMaxArraySize(), 4u);
+  // ...until the elements differ.
+  bounded = TCIMValue(TCIMType(7), 9, {TCIMValue(2)});
+  EXPECT_EQ(bounded.GetMaxArraySize(), 9u);
+}
+
 TEST(CIMValueTest, CopyingFromANullSourceLeavesTheTargetNull) {
   TCIMValue v(5);
   v = TCIMValue(TCIMType(7), 0);
