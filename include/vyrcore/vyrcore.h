@@ -7,6 +7,12 @@
 #include <vyrcore/AssertionHook.h>
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/CIMDateTimeImpl.h>
+#include <vyrcore/CIMValue.h>
+#include <vyrcore/CIMValueImpl.h>
+#include <vyrcore/CIMReference.h>
+#include <vyrcore/CIMReferenceImpl.h>
+#include <vyrcore/CIMObjectModel.h>
+#include <vyrcore/NamespaceProvider.h>
 #include <vyrcore/Logger.h>
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>

@@ -1,0 +1,224 @@
+// CIMObjectModel.h: the abstract CIM object model that namespace providers implement.
+//
+// Namespaces, classes, instances, properties, qualifiers, methods and parameters exist in the
+// library only as these interfaces; providers implement them and everyone else calls them. The
+// order of the operations in each interface is a binary contract with provider plug-ins: operations
+// are only ever added after the existing ones. Objects are handed out and held as
+// boost::shared_ptr; nobody deletes one. Returned names and values are const references valid while
+// the object lives. Most operations take a context map as their last argument (the library passes
+// an empty one). New elements follow create, add members, then Commit. Enumerations call back once
+// per element until the callback returns false. Failures are TVYRException; an unknown name is
+// kVYRStatusNotFound. Threading is the provider's; the library calls from one thread at a time.
+#ifndef VYRCORE_CIMOBJECTMODEL_H
+#define VYRCORE_CIMOBJECTMODEL_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <boost/function.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include <vyrcore/CIMReference.h>
+#include <vyrcore/CIMValue.h>
+#include <vyrcore/export.h>
+
+namespace NORXVYR20 {
+
+// The context argument of the object-model operations.
+typedef std::map<std::string, TCIMValue> TCIMContext;
+
+class ICIMClass;
+class ICIMInstance;
+class ICIMMethodDecl;
+class ICIMParameterDecl;
+class ICIMProperty;
+class ICIMPropertyDecl;
+class ICIMQualifier;
+class ICIMQualifierDecl;
+
+// Primary base of classes and instances.
+class VYR_EXPORT ICIMElement {
+ public:
+  virtual ~ICIMElement();
+  // Makes a newly created element final; called once, after all its members are set.
+  virtual void Commit(std::map<std::string, TCIMValue>& context) = 0;
+};
+
+// The base through which qualifiers are attached to classes and declarations.
+class VYR_EXPORT ICIMNamedElement {
+ public:
+  virtual ~ICIMNamedElement();
+  virtual boost::shared_ptr<ICIMQualifier> AddQualifier(
+      boost::shared_ptr<ICIMQualifierDecl> declaration, const TCIMValue& value) = 0;
+};
+
+class VYR_EXPORT ICIMNamespace {
+ public:
+  virtual ~ICIMNamespace();
+  // An empty superclass makes a root class.
+  virtual boost::shared_ptr<ICIMClass> CreateClass(const std::string& name,
+                                                   boost::shared_ptr<ICIMClass> superclass,
+                                                   std::map<std::string, TCIMValue>& context) = 0;
+  virtual boost::shared_ptr<ICIMClass> GetClass(const std::string& name,
+                                                std::map<std::string, TCIMValue>& context) = 0;
+  // The root classes; subclasses through ICIMClass::EnumerateSubclasses.
+  virtual void EnumerateClasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback,
+                                std::map<std::string, TCIMValue>& context) = 0;
+  // Scope and flavor are bit sets.
+  virtual boost::shared_ptr<ICIMQualifierDecl> CreateQualifierDecl(
+      const std::string& name, const TCIMValue& defaultValue, unsigned int scope,
+      unsigned int flavor, std::map<std::string, TCIMValue>& context) = 0;
+  virtual boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(
+      const std::string& name, std::map<std::string, TCIMValue>& context) = 0;
+  virtual void EnumerateQualifierDecls(
+      boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback,
+      std::map<std::string, TCIMValue>& context) = 0;
+  virtual const std::string& GetName() const = 0;
+};
+
+class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
+ public:
+  ~ICIMClass() override;
+  virtual const std::string& GetName(std::map<std::string, TCIMValue>& context) = 0;
+  virtual bool IsAssociation(std::map<std::string, TCIMValue>& context) = 0;
+  virtual bool IsAbstract(std::map<std::string, TCIMValue>& context) = 0;
+  // True when the class has no superclass.
+  virtual bool IsRootClass(std::map<std::string, TCIMValue>& context) = 0;
+  virtual boost::shared_ptr<ICIMClass> GetSuperclass(std::map<std::string, TCIMValue>& context) = 0;
+  // deep: every class below at any depth, superclasses before their subclasses.
+  virtual void EnumerateSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback,
+                                   bool deep, std::map<std::string, TCIMValue>& context) = 0;
+  // An empty pointer when the class has no such qualifier; never throws for that.
+  virtual boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name) = 0;
+  virtual void EnumerateQualifiers(
+      boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) = 0;
+  // The default value carries the property's type.
+  virtual boost::shared_ptr<ICIMPropertyDecl> CreatePropertyDecl(
+      const std::string& name, const TCIMValue& defaultValue,
+      std::map<std::string, TCIMValue>& context) = 0;
+  // Throws kVYRStatusNotFound for an unknown name.
+  virtual boost::shared_ptr<ICIMPropertyDecl> GetPropertyDecl(
+      const std::string& name, std::map<std::string, TCIMValue>& context) = 0;
+  virtual void EnumeratePropertyDecls(
+      boost::function<bool(boost::shared_ptr<ICIMPropertyDecl>)>& callback,
+      std::map<std::string, TCIMValue>& context) = 0;
+  virtual void SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
+                                      std::map<std::string, TCIMValue>& context) = 0;
+  virtual void EnumerateStaticProperties(
+      boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback,
+      std::map<std::string, TCIMValue>& context) = 0;
+  // A new, empty instance of the class.
+  virtual boost::shared_ptr<ICIMInstance> CreateInstance(
+      std::map<std::string, TCIMValue>& context) = 0;
+  // The instance the path designates; empty if none.
+  virtual boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference& path,
+                                                      std::map<std::string, TCIMValue>& context) = 0;
+  // deep false: only the class's own instances.
+  virtual void EnumerateInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback,
+                                  bool deep, std::map<std::string, TCIMValue>& context) = 0;
+  virtual boost::shared_ptr<ICIMMethodDecl> CreateMethodDecl(
+      const std::string& name, TCIMValue::TCIMType returnType,
+      std::map<std::string, TCIMValue>& context) = 0;
+  virtual void EnumerateMethodDecls(
+      boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& callback,
+      std::map<std::string, TCIMValue>& context) = 0;
+};
+
+class VYR_EXPORT ICIMInstance : public ICIMElement {
+ public:
+  ~ICIMInstance() override;
+  virtual boost::shared_ptr<ICIMClass> GetClass(std::map<std::string, TCIMValue>& context) = 0;
+  virtual boost::shared_ptr<ICIMProperty> GetProperty(const std::string& name,
+                                                      std::map<std::string, TCIMValue>& context) = 0;
+  virtual void SetPropertyValue(const std::string& name, const TCIMValue& value,
+                                std::map<std::string, TCIMValue>& context) = 0;
+  virtual void EnumerateProperties(boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback,
+                                   std::map<std::string, TCIMValue>& context) = 0;
+};
+
+// A property value of an instance (or a static property of a class).
+class VYR_EXPORT ICIMProperty {
+ public:
+  virtual ~ICIMProperty();
+  virtual const TCIMValue& GetValue() const = 0;
+  virtual boost::shared_ptr<const ICIMPropertyDecl> GetPropertyDecl() const = 0;
+  virtual const std::string& GetName() const = 0;
+};
+
+class VYR_EXPORT ICIMPropertyDecl : public ICIMNamedElement {
+ public:
+  ~ICIMPropertyDecl() override;
+  // Unlike the class operation of that name, throws when the qualifier is absent.
+  virtual boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name) const = 0;
+  virtual void EnumerateQualifiers(
+      boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) const = 0;
+  virtual void Commit() = 0;
+  virtual const std::string& GetName() const = 0;
+  virtual TCIMValue::TCIMType GetType() const = 0;
+  virtual const TCIMValue& GetDefaultValue() const = 0;
+};
+
+class VYR_EXPORT ICIMQualifierDecl {
+ public:
+  virtual ~ICIMQualifierDecl();
+  virtual void Commit() = 0;
+  virtual const std::string& GetName() const = 0;
+  virtual const TCIMValue& GetDefaultValue() const = 0;
+  virtual unsigned int GetScope() const = 0;
+  virtual unsigned int GetFlavor() const = 0;
+};
+
+class VYR_EXPORT ICIMQualifier {
+ public:
+  virtual ~ICIMQualifier();
+  virtual void Commit() = 0;
+  virtual boost::shared_ptr<const ICIMQualifierDecl> GetQualifierDecl() const = 0;
+  virtual const TCIMValue& GetValue() const = 0;
+  // The declaration's name.
+  virtual const std::string& GetName() const = 0;
+};
+
+class VYR_EXPORT ICIMMethodDecl : public ICIMNamedElement {
+ public:
+  ~ICIMMethodDecl() override;
+  virtual void EnumerateQualifiers(
+      boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) const = 0;
+  virtual const std::string& GetName() const = 0;
+  virtual TCIMValue::TCIMType GetReturnType() const = 0;
+  virtual boost::shared_ptr<ICIMParameterDecl> CreateParameterDecl(const std::string& name,
+                                                                   TCIMValue::TCIMType type) = 0;
+  virtual void EnumerateParameterDecls(
+      boost::function<bool(boost::shared_ptr<ICIMParameterDecl>)>& callback) const = 0;
+  virtual void Commit() = 0;
+};
+
+class VYR_EXPORT ICIMParameterDecl : public ICIMNamedElement {
+ public:
+  ~ICIMParameterDecl() override;
+  virtual void Commit() = 0;
+  virtual const std::string& GetName() const = 0;
+  virtual TCIMValue::TCIMType GetType() const = 0;
+  virtual void EnumerateQualifiers(
+      boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) const = 0;
+};
+
+// An enumeration callback that appends every element to a vector and never stops the walk. The
+// vector is held by reference and must outlive the callback and its copies.
+template <typename X>
+class TAddToVectorCallback {
+ public:
+  explicit TAddToVectorCallback(std::vector<boost::shared_ptr<X>>& elements)
+      : fElements(&elements) {}
+  bool operator()(boost::shared_ptr<X> element) {
+    fElements->push_back(element);
+    return true;
+  }
+
+ private:
+  std::vector<boost::shared_ptr<X>>* fElements;
+};
+
+}  // namespace NORXVYR20
+
+#endif

@@ -1,0 +1,188 @@
+// CIMValue.h: TCIMValue, the one typed value of the library, and its type descriptor TCIMType.
+//
+// A value pairs a CIM type with an owned body (TCIMValueImpl, CIMValueImpl.h) holding the datum; a
+// value without a body is null. Arrays hold element values of one element type. A reference value
+// may also carry the class it must point at. Each value owns its body alone: copying a value copies
+// the body. Reading is strictly typed: a reader for any type but the stored one throws
+// TVYRException(kVYRStatusTypeMismatch), a null value throws kVYRStatusValueIsNULL; nothing is
+// converted. One thread at a time per value; callers serialise.
+#ifndef VYRCORE_CIMVALUE_H
+#define VYRCORE_CIMVALUE_H
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <boost/shared_ptr.hpp>
+
+#include <vyrcore/export.h>
+
+namespace NORXVYR20 {
+
+class TCIMValueImpl;
+class TCIMDateTime;
+class TCIMReference;
+class ICIMClass;
+class ICIMNamespace;
+
+class VYR_EXPORT TCIMValue {
+ public:
+  // The CIM type of a value: an element type in the low four bits, plus kCIMTypeArray for arrays.
+  class VYR_EXPORT TCIMType {
+   public:
+    enum ECIMType : std::uint32_t {
+      kCIMTypeNull = 0,
+      kCIMTypeBoolean = 1,
+      kCIMTypeUInt8 = 2,
+      kCIMTypeSInt8 = 3,
+      kCIMTypeUInt16 = 4,
+      kCIMTypeSInt16 = 5,
+      kCIMTypeUInt32 = 6,
+      kCIMTypeSInt32 = 7,
+      kCIMTypeUInt64 = 8,
+      kCIMTypeSInt64 = 9,
+      kCIMTypeReal32 = 10,
+      kCIMTypeReal64 = 11,
+      kCIMTypeChar16 = 12,
+      kCIMTypeString = 13,
+      kCIMTypeDateTime = 14,
+      kCIMTypeReference = 15,
+      kCIMTypeArray = 16  // a flag, never a type alone
+    };
+
+    TCIMType(ECIMType type = kCIMTypeNull);
+    // From a raw type number, such as one read back from a plug-in (18 is an array of uint8).
+    explicit TCIMType(unsigned int type);
+    // From a text name ("uint32", "Boolean", ...), matched without regard to case; "char" and
+    // array notations are not names. An unknown name gives kCIMTypeNull.
+    explicit TCIMType(std::string name);
+    TCIMType(const TCIMType& other);
+    TCIMType& operator=(const TCIMType& other);
+
+    operator ECIMType() const;
+
+    // The element type's name ("uint8" for an array of uint8 too); throws kVYRStatusTypeMismatch
+    // for kCIMTypeNull and for numbers whose element part is above 15.
+    std::string ToString() const;
+
+   private:
+    std::uint32_t fType;
+  };
+
+  // Empty: type kCIMTypeNull, no body.
+  TCIMValue();
+  TCIMValue(const TCIMValue& other);
+  // A null value of the type; a non-zero maximum array size makes it an array with that bound.
+  TCIMValue(TCIMType type, unsigned int maxArraySize);
+  // An array (see the array Set).
+  TCIMValue(TCIMType type, unsigned int maxArraySize, const std::vector<TCIMValue>& elements);
+  // Read from text by the declared type; the namespace resolves reference paths
+  // (CIMValueFromText.cpp). Types kCIMTypeNull, kCIMTypeChar16 and arrays throw
+  // kVYRStatusTypeMismatch.
+  TCIMValue(TCIMType type, std::string& text, boost::shared_ptr<ICIMNamespace> cimNamespace);
+  TCIMValue(bool value);
+  TCIMValue(unsigned char value);
+  TCIMValue(signed char value);
+  TCIMValue(unsigned short value);
+  TCIMValue(short value);
+  TCIMValue(unsigned int value);
+  TCIMValue(int value);
+  TCIMValue(unsigned long value);
+  TCIMValue(long value);
+  TCIMValue(float value);
+  TCIMValue(double value);
+  TCIMValue(const std::string& value);
+  TCIMValue(const char* value);
+  TCIMValue(const TCIMDateTime& value);
+  TCIMValue(TCIMReference& value);
+  ~TCIMValue();
+
+  // Copies other unless the two are already equal (then nothing at all changes). Copying a value
+  // of type kCIMTypeNull or kCIMTypeChar16 throws kVYRStatusTypeMismatch after this value's body
+  // was released.
+  TCIMValue& operator=(const TCIMValue& other);
+  void Set(const TCIMValue& other);
+
+  // Scalar setters: the type follows the argument; the referenced class and bound stay.
+  void Set(bool value);
+  void Set(unsigned char value);
+  void Set(signed char value);
+  void Set(unsigned short value);
+  void Set(short value);
+  void Set(unsigned int value);
+  void Set(int value);
+  void Set(unsigned long value);
+  void Set(long value);
+  void Set(float value);
+  void Set(double value);
+  void Set(const std::string& value);
+  void Set(const char* value);
+  void Set(const TCIMDateTime& value);
+  // Also records the reference's class as the referenced class.
+  void Set(TCIMReference& value);
+  // An array of the element type. An element of another type is logged and throws
+  // kVYRStatusInvalidProperty; the new array is kept as it is. The bound is not enforced.
+  void Set(TCIMType type, unsigned int maxArraySize, const std::vector<TCIMValue>& elements);
+
+  // Makes the value null of the type; the bound is stored only for an array type.
+  void SetNullValue(TCIMType::ECIMType type, unsigned int maxArraySize);
+
+  // Only while the value is null; otherwise throws kVYRStatusInvalidOpSequence.
+  void SetReferencedClass(boost::shared_ptr<ICIMClass> referencedClass);
+  boost::shared_ptr<ICIMClass> GetReferencedClass() const;
+
+  bool IsNull() const;
+  TCIMType GetType() const;
+  bool IsArray() const;
+  // Type exactly kCIMTypeReference (an array of references answers false).
+  bool IsReference() const;
+  unsigned int GetMaxArraySize() const;
+
+  // Readers: exact type only.
+  operator bool() const;
+  operator unsigned char() const;
+  operator signed char() const;
+  operator unsigned short() const;
+  operator short() const;
+  operator unsigned int() const;
+  operator int() const;
+  operator unsigned long() const;
+  operator long() const;
+  operator float() const;
+  operator double() const;
+  operator std::string() const;
+  operator TCIMDateTime() const;
+  operator TCIMReference() const;
+  // Any array type: the elements held by the value, modifiable in place.
+  operator std::vector<TCIMValue>&() const;
+
+  // The text form; radix 10, 16 or 8 for the unsigned integers (CIMValueImpl.h).
+  std::string ToString(unsigned char radix = 10) const;
+
+  bool operator==(const TCIMValue& other) const;
+  // Null first, then by type number, then by content; arrays cannot be ordered
+  // (kVYRStatusNotImplemented).
+  bool operator<(const TCIMValue& other) const;
+  bool operator!=(const TCIMValue& other) const;
+  bool operator>(const TCIMValue& other) const;
+  bool operator>=(const TCIMValue& other) const;
+  bool operator<=(const TCIMValue& other) const;
+
+ private:
+  // The scalar setters' common steps: set the type, drop the old body, build Body from value.
+  template <typename Body, typename Argument>
+  void Install(TCIMType::ECIMType type, const Argument& value);
+
+  TCIMType fType;
+  std::unique_ptr<TCIMValueImpl> fBody;
+  boost::shared_ptr<ICIMClass> fReferencedClass;
+  unsigned int fMaxArraySize;
+};
+
+VYR_EXPORT std::ostream& operator<<(std::ostream& os, const TCIMValue::TCIMType& type);
+
+}  // namespace NORXVYR20
+
+#endif
