@@ -171,8 +171,9 @@ class VYR_EXPORT TCIMValue {
   bool operator<=(const TCIMValue& other) const;
 
  private:
-  // Installs body as this value's new body, deleting the old one.
-  void ReplaceBody(TCIMValueImpl* body);
+  // The scalar setters' common steps: set the type, drop the old body, build Body from value.
+  template <typename Body, typename Argument>
+  void Install(TCIMType::ECIMType type, const Argument& value);
 
   TCIMType fType;
   std::unique_ptr<TCIMValueImpl> fBody;

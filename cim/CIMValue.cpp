@@ -1,0 +1,175 @@
+// TCIMValue: construction and the setters. Readers and comparisons are in CIMValueAccess.cpp,
+// reading from text in CIMValueFromText.cpp.
+//
+// A value is its type, an owned body (none when null), the referenced class (references only) and
+// the maximum array size (stored, never enforced). Setters of a scalar replace type and body and
+// leave the referenced class and the bound alone.
+#include <vyrcore/CIMValue.h>
+
+#include <vyrcore/CIMDateTime.h>
+#include <vyrcore/CIMReference.h>
+#include <vyrcore/CIMValueImpl.h>
+
+#include "core/Fail.h"
+
+namespace NORXVYR20 {
+
+namespace {
+
+typedef TCIMValue::TCIMType TCIMType;
+
+const std::uint32_t kArrayBit = TCIMType::kCIMTypeArray;
+
+// A deep copy of a body that the value's type says is a Body.
+template <typename Body>
+TCIMValueImpl* CopyBody(const TCIMValueImpl& body) {
+  const Body* typed = dynamic_cast<const Body*>(&body);
+  if (!typed) detail::Fail(kVYRStatusTypeMismatch);
+  return new Body(*typed);
+}
+
+}  // namespace
+
+template <typename Body, typename Argument>
+void TCIMValue::Install(TCIMType::ECIMType type, const Argument& value) {
+  fType = type;
+  fBody.reset();
+  fBody.reset(new Body(value));
+}
+
+TCIMValue::TCIMValue() : fType(TCIMType::kCIMTypeNull), fMaxArraySize(0) {}
+
+TCIMValue::TCIMValue(const TCIMValue& other) : TCIMValue() { Set(other); }
+
+TCIMValue::TCIMValue(TCIMType type, unsigned int maxArraySize)
+    : fType(maxArraySize == 0 ? type : TCIMType(type | kArrayBit)), fMaxArraySize(maxArraySize) {}
+
+TCIMValue::TCIMValue(TCIMType type, unsigned int maxArraySize,
+                     const std::vector<TCIMValue>& elements)
+    : TCIMValue() {
+  Set(type, maxArraySize, elements);
+}
+
+TCIMValue::TCIMValue(bool value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(unsigned char value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(signed char value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(unsigned short value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(short value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(unsigned int value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(int value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(unsigned long value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(long value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(float value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(double value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(const std::string& value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(const char* value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(const TCIMDateTime& value) : TCIMValue() { Set(value); }
+TCIMValue::TCIMValue(TCIMReference& value) : TCIMValue() { Set(value); }
+
+TCIMValue::~TCIMValue() = default;
+
+TCIMValue& TCIMValue::operator=(const TCIMValue& other) {
+  Set(other);
+  return *this;
+}
+
+void TCIMValue::Set(const TCIMValue& other) {
+  // Equal values exchange nothing, not even the referenced class or the bound.
+  if (*this == other) return;
+
+  // The copy is made before the old body goes, so that a value can be set from itself (a NaN is
+  // not equal to itself) or from one of its own elements.
+  std::unique_ptr<TCIMValueImpl> body;
+  boost::shared_ptr<ICIMClass> referencedClass = fReferencedClass;
+  const std::uint32_t type = other.fType;
+  bool copyable = true;
+  if (type & kArrayBit) {
+    if (other.fBody) body.reset(CopyBody<TCIMArrayValueImpl>(*other.fBody));
+  } else if (type >= TCIMType::kCIMTypeBoolean && type <= TCIMType::kCIMTypeReal64) {
+    if (other.fBody) body.reset(CopyBody<TCIMNumericValueImpl>(*other.fBody));
+  } else if (type == TCIMType::kCIMTypeString) {
+    if (other.fBody) body.reset(CopyBody<TCIMStringValueImpl>(*other.fBody));
+  } else if (type == TCIMType::kCIMTypeDateTime) {
+    if (other.fBody) body.reset(CopyBody<TCIMDateTimeValueImpl>(*other.fBody));
+  } else if (type == TCIMType::kCIMTypeReference) {
+    referencedClass = other.fReferencedClass;
+    if (other.fBody) body.reset(CopyBody<TCIMReferenceValueImpl>(*other.fBody));
+  } else {
+    copyable = false;
+  }
+
+  fBody.reset();
+  fType = other.fType;
+  // Types 0 and 12 have no body kind to copy; the old body is gone by now, which callers see.
+  if (!copyable) detail::Fail(kVYRStatusTypeMismatch);
+  if (type & kArrayBit) fMaxArraySize = other.fMaxArraySize;
+  fReferencedClass = referencedClass;
+  fBody = std::move(body);
+}
+
+void TCIMValue::Set(bool value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeBoolean, value); }
+void TCIMValue::Set(unsigned char value) {
+  Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeUInt8, value);
+}
+void TCIMValue::Set(signed char value) {
+  Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeSInt8, value);
+}
+void TCIMValue::Set(unsigned short value) {
+  Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeUInt16, value);
+}
+void TCIMValue::Set(short value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeSInt16, value); }
+void TCIMValue::Set(unsigned int value) {
+  Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeUInt32, value);
+}
+void TCIMValue::Set(int value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeSInt32, value); }
+void TCIMValue::Set(unsigned long value) {
+  Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeUInt64, value);
+}
+void TCIMValue::Set(long value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeSInt64, value); }
+void TCIMValue::Set(float value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeReal32, value); }
+void TCIMValue::Set(double value) { Install<TCIMNumericValueImpl>(TCIMType::kCIMTypeReal64, value); }
+void TCIMValue::Set(const std::string& value) {
+  Install<TCIMStringValueImpl>(TCIMType::kCIMTypeString, value);
+}
+void TCIMValue::Set(const char* value) {
+  Install<TCIMStringValueImpl>(TCIMType::kCIMTypeString, value);
+}
+void TCIMValue::Set(const TCIMDateTime& value) {
+  Install<TCIMDateTimeValueImpl>(TCIMType::kCIMTypeDateTime, value);
+}
+
+void TCIMValue::Set(TCIMReference& value) {
+  Install<TCIMReferenceValueImpl>(TCIMType::kCIMTypeReference, value);
+  fReferencedClass = value.GetClass();
+}
+
+void TCIMValue::Set(TCIMType type, unsigned int maxArraySize,
+                    const std::vector<TCIMValue>& elements) {
+  const TCIMType elementType(static_cast<std::uint32_t>(type) & ~kArrayBit);
+  // Built before the old body goes: elements may be this value's own vector.
+  std::unique_ptr<TCIMValueImpl> body(new TCIMArrayValueImpl(elements));
+  fType = TCIMType(type | kArrayBit);
+  fMaxArraySize = maxArraySize;
+  fBody = std::move(body);
+
+  // The check comes after the array is in place, and a failure leaves it so.
+  for (const TCIMValue& element : static_cast<std::vector<TCIMValue>&>(*fBody)) {
+    if (element.GetType() != elementType)
+      detail::FailWithLog(kVYRStatusInvalidProperty,
+                          "Core: ERROR: Attempting to create array of type " + fType.ToString() +
+                              ", but element is of type " + element.GetType().ToString() + ".");
+  }
+}
+
+void TCIMValue::SetNullValue(TCIMType::ECIMType type, unsigned int maxArraySize) {
+  fType = type;
+  if (type & kArrayBit) fMaxArraySize = maxArraySize;
+  fBody.reset();
+}
+
+void TCIMValue::SetReferencedClass(boost::shared_ptr<ICIMClass> referencedClass) {
+  if (fBody) detail::Fail(kVYRStatusInvalidOpSequence);
+  fReferencedClass = referencedClass;
+}
+
+}  // namespace NORXVYR20

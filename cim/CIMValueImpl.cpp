@@ -1,0 +1,126 @@
+// TCIMValueImpl and the string, date/time, reference and array bodies.
+//
+// The base class answers every reader with kVYRStatusTypeMismatch; each body overrides the reader
+// of its own kind. Equality and ordering against a value of another kind are false. The radix of
+// ToString matters to numbers only: arrays pass it to their elements, the others ignore it.
+#include <vyrcore/CIMValueImpl.h>
+
+#include "core/Fail.h"
+
+namespace NORXVYR20 {
+
+namespace {
+
+typedef TCIMValue::TCIMType TCIMType;
+
+[[noreturn]] void FailWrongKind() { detail::Fail(kVYRStatusTypeMismatch); }
+
+}  // namespace
+
+TCIMValueImpl::~TCIMValueImpl() = default;
+
+TCIMValueImpl::operator bool() const { FailWrongKind(); }
+TCIMValueImpl::operator unsigned char() const { FailWrongKind(); }
+TCIMValueImpl::operator signed char() const { FailWrongKind(); }
+TCIMValueImpl::operator unsigned short() const { FailWrongKind(); }
+TCIMValueImpl::operator short() const { FailWrongKind(); }
+TCIMValueImpl::operator unsigned int() const { FailWrongKind(); }
+TCIMValueImpl::operator int() const { FailWrongKind(); }
+TCIMValueImpl::operator unsigned long() const { FailWrongKind(); }
+TCIMValueImpl::operator long() const { FailWrongKind(); }
+TCIMValueImpl::operator float() const { FailWrongKind(); }
+TCIMValueImpl::operator double() const { FailWrongKind(); }
+TCIMValueImpl::operator std::string() const { FailWrongKind(); }
+TCIMValueImpl::operator TCIMDateTime() const { FailWrongKind(); }
+TCIMValueImpl::operator TCIMReference() const { FailWrongKind(); }
+TCIMValueImpl::operator std::vector<TCIMValue>&() const { FailWrongKind(); }
+
+// Strings.
+
+TCIMStringValueImpl::TCIMStringValueImpl(const std::string& value) : fValue(value) {}
+TCIMStringValueImpl::TCIMStringValueImpl(const char* value) : fValue(value) {}
+TCIMStringValueImpl::TCIMStringValueImpl(const TCIMStringValueImpl& other) = default;
+TCIMStringValueImpl::~TCIMStringValueImpl() = default;
+
+TCIMStringValueImpl::operator std::string() const { return fValue; }
+
+std::string TCIMStringValueImpl::ToString(unsigned char) const { return fValue; }
+
+bool TCIMStringValueImpl::operator==(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeString && fValue == other.operator std::string();
+}
+
+bool TCIMStringValueImpl::operator<(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeString && fValue < other.operator std::string();
+}
+
+// Date/times.
+
+TCIMDateTimeValueImpl::TCIMDateTimeValueImpl(const TCIMDateTime& value) : fValue(value) {}
+TCIMDateTimeValueImpl::TCIMDateTimeValueImpl(const TCIMDateTimeValueImpl& other) = default;
+TCIMDateTimeValueImpl::~TCIMDateTimeValueImpl() = default;
+
+TCIMDateTimeValueImpl::operator TCIMDateTime() const { return fValue; }
+
+std::string TCIMDateTimeValueImpl::ToString(unsigned char) const { return fValue.ToString(); }
+
+bool TCIMDateTimeValueImpl::operator==(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeDateTime && fValue == other.operator TCIMDateTime();
+}
+
+bool TCIMDateTimeValueImpl::operator<(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeDateTime && fValue < other.operator TCIMDateTime();
+}
+
+// References.
+
+TCIMReferenceValueImpl::TCIMReferenceValueImpl(const TCIMReference& value) : fValue(value) {}
+TCIMReferenceValueImpl::TCIMReferenceValueImpl(const TCIMReferenceValueImpl& other) = default;
+TCIMReferenceValueImpl::~TCIMReferenceValueImpl() = default;
+
+TCIMReferenceValueImpl::operator TCIMReference() const { return fValue; }
+
+std::string TCIMReferenceValueImpl::ToString(unsigned char) const { return fValue.GetPath(); }
+
+bool TCIMReferenceValueImpl::operator==(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeReference &&
+         fValue == other.operator TCIMReference();
+}
+
+bool TCIMReferenceValueImpl::operator<(const TCIMValue& other) const {
+  return other.GetType() == TCIMType::kCIMTypeReference &&
+         fValue < other.operator TCIMReference();
+}
+
+// Arrays.
+
+TCIMArrayValueImpl::TCIMArrayValueImpl(const std::vector<TCIMValue>& elements)
+    : fElements(elements) {}
+TCIMArrayValueImpl::TCIMArrayValueImpl(const TCIMArrayValueImpl& other) = default;
+TCIMArrayValueImpl::~TCIMArrayValueImpl() = default;
+
+TCIMArrayValueImpl::operator std::vector<TCIMValue>&() const { return fElements; }
+
+std::string TCIMArrayValueImpl::ToString(unsigned char radix) const {
+  std::string text = "{ ";
+  for (std::size_t i = 0; i < fElements.size(); ++i) {
+    if (i != 0) text += ", ";
+    text += fElements[i].ToString(radix);
+  }
+  return text + " }";
+}
+
+bool TCIMArrayValueImpl::operator==(const TCIMValue& other) const {
+  if (!other.IsArray()) return false;
+  const std::vector<TCIMValue>& elements = other;
+  if (elements.size() != fElements.size()) return false;
+  for (std::size_t i = 0; i < fElements.size(); ++i)
+    if (!(fElements[i] == elements[i])) return false;
+  return true;
+}
+
+bool TCIMArrayValueImpl::operator<(const TCIMValue&) const {
+  detail::Fail(kVYRStatusNotImplemented);
+}
+
+}  // namespace NORXVYR20

@@ -1,0 +1,143 @@
+// Reading the text form of an object path into a reference.
+//
+//   path         := className [ "." keyBindings ]
+//   keyBindings  := [ binding { ("," | ".") binding } ]
+//   binding      := propertyName "=" '"' keyValue '"'
+//   keyValue     := quoted text, or a nested path when the property is a reference
+//
+// The class and every property are resolved in the namespace while reading, and each key value is
+// read from its text by the property's declared type. A nested path stands unescaped inside the
+// quotes of its key value and ends at the first double quote where a separator would come. Inside
+// a quoted value a backslash escapes a double quote or a backslash and is kept before anything
+// else. Deliberate leniencies, kept: a path without "." runs to the end of the whole text, even
+// when nested; "." may separate bindings too; nothing is trimmed, so blanks belong to the names.
+#include <vyrcore/CIMReferenceImpl.h>
+
+#include <vyrcore/CIMObjectModel.h>
+
+#include "core/Fail.h"
+
+namespace NORXVYR20 {
+
+namespace {
+
+// One parse: the text, the cursor into it (shared with the caller) and where names resolve.
+class TObjectPathReader {
+ public:
+  TObjectPathReader(const std::string& text, unsigned long& position,
+                    boost::shared_ptr<ICIMNamespace> cimNamespace, const TCIMContext& context)
+      : fText(text), fPosition(position), fNamespace(cimNamespace), fContext(context) {}
+
+  // path: from position 0 a whole text; from anywhere else a nested path, with the cursor on the
+  // opening quote of its key value on entry and on the closing quote on return.
+  void ReadPath(TCIMReferenceImpl& target) {
+    const bool nested = fPosition != 0;
+    if (nested) ++fPosition;
+    const std::string::size_type dot = fText.find('.', fPosition);
+    if (dot == std::string::npos) {
+      target.SetClassName(fText.substr(fPosition));
+      fPosition = fText.size();
+      return;
+    }
+    const std::string className = fText.substr(fPosition, dot - fPosition);
+    boost::shared_ptr<ICIMClass> cimClass = detail::TranslateNotFound(
+        [&] {
+          TCIMContext context(fContext);
+          return fNamespace->GetClass(className, context);
+        },
+        kVYRStatusInvalidReference, "Reference specifies invalid class, path=" + fText);
+    target.SetClass(cimClass);
+    fPosition = dot;
+    ReadKeyBindings(target, cimClass, nested);
+  }
+
+ private:
+  // keyBindings: the cursor starts on the "." after the class name and ends on the last
+  // character consumed.
+  void ReadKeyBindings(TCIMReferenceImpl& target, const boost::shared_ptr<ICIMClass>& cimClass,
+                       bool nested) {
+    for (bool first = true;; first = false) {
+      ++fPosition;
+      if (AtEnd()) return;
+      if (nested && Current() == '"') return;
+      // On the first pass the "." just stepped over was the separator.
+      std::string::size_type nameStart = fPosition;
+      if (!first) {
+        if (Current() != ',' && Current() != '.') FailAt("Reference missing '.' or ',', path=");
+        nameStart = fPosition + 1;
+      }
+      ReadBinding(target, cimClass, nameStart);
+    }
+  }
+
+  // binding: the name runs from nameStart to the "="; the cursor ends on the value's closing
+  // quote.
+  void ReadBinding(TCIMReferenceImpl& target, const boost::shared_ptr<ICIMClass>& cimClass,
+                   std::string::size_type nameStart) {
+    const std::string::size_type equals = fText.find('=', nameStart);
+    if (equals == std::string::npos) FailAt("Reference missing property value, path=");
+    const std::string name = fText.substr(nameStart, equals - nameStart);
+    boost::shared_ptr<ICIMPropertyDecl> declaration = detail::TranslateNotFound(
+        [&] {
+          TCIMContext context;
+          return cimClass->GetPropertyDecl(name, context);
+        },
+        kVYRStatusInvalidReference,
+        "Reference specifies invalid property, property=" + name + ", path=" + fText);
+    fPosition = equals + 1;
+    if (AtEnd() || Current() != '"') FailAt("Reference missing opening '\"', path=");
+    target.AddKeyValue(name, ReadKeyValue(*declaration));
+  }
+
+  // keyValue: the cursor starts on the opening quote and ends on the closing one.
+  TCIMValue ReadKeyValue(const ICIMPropertyDecl& declaration) {
+    if (declaration.GetDefaultValue().IsReference()) {
+      TCIMReference nested(fNamespace, fContext);
+      ReadPath(*nested.GetBody());
+      return TCIMValue(nested);
+    }
+    std::string text = ReadQuotedText();
+    return TCIMValue(declaration.GetType(), text, fNamespace);
+  }
+
+  std::string ReadQuotedText() {
+    std::string text;
+    bool escaped = false;
+    for (;;) {
+      ++fPosition;
+      if (AtEnd()) FailAt("Reference missing closing '\"', path=");
+      const char c = Current();
+      if (escaped) {
+        if (c != '\\' && c != '"') text += '\\';
+        text += c;
+        escaped = false;
+      } else if (c == '\\') {
+        escaped = true;
+      } else if (c == '"') {
+        return text;
+      } else {
+        text += c;
+      }
+    }
+  }
+
+  bool AtEnd() const { return fPosition >= fText.size(); }
+  char Current() const { return fText[fPosition]; }
+  [[noreturn]] void FailAt(const std::string& message) const {
+    detail::FailWithLog(kVYRStatusInvalidReference, message + fText);
+  }
+
+  const std::string& fText;
+  unsigned long& fPosition;
+  boost::shared_ptr<ICIMNamespace> fNamespace;
+  const TCIMContext& fContext;
+};
+
+}  // namespace
+
+void TCIMReferenceImpl::ParsePath(TCIMReferenceImpl* target, const std::string& text,
+                                  unsigned long& position) {
+  TObjectPathReader(text, position, fNamespace, fContext).ReadPath(*target);
+}
+
+}  // namespace NORXVYR20
