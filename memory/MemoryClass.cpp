@@ -77,8 +77,9 @@ void TMemoryClass::EnumerateQualifiers(
   fQualifiers.Enumerate(callback);
 }
 
-boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(
-    const std::string& name, const TCIMValue& defaultValue, TCIMContext&) {
+boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::string& name,
+                                                                     const TCIMValue& defaultValue,
+                                                                     TCIMContext&) {
   CheckName(name);
   if (fPropertyDeclsByName.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryPropertyDecl> declaration(new TMemoryPropertyDecl(name, defaultValue));
@@ -133,8 +134,7 @@ void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMVal
   boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
   if (!declaration) throw TVYRException(kVYRStatusNotFound);
   declaration->CheckType(value);
-  boost::shared_ptr<TMemoryProperty> property(
-      new TMemoryProperty(declaration, StoredValue(value)));
+  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   auto placed = fStaticPositions.emplace(name, fStaticProperties.size());
   if (placed.second) {
     fStaticProperties.push_back(property);
@@ -152,8 +152,7 @@ boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
   return boost::shared_ptr<ICIMInstance>(new TMemoryInstance(shared_from_this()));
 }
 
-boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path,
-                                                          TCIMContext&) {
+boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path, TCIMContext&) {
   TKeyBindings bindings;
   path.EnumerateKeyBindings([&bindings](std::pair<std::string, TCIMValue> binding) {
     bindings.push_back(binding);

@@ -47,8 +47,8 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool IsAbstract(TCIMContext& context) override;
   bool IsRootClass(TCIMContext& context) override;
   boost::shared_ptr<ICIMClass> GetSuperclass(TCIMContext& context) override;
-  void EnumerateSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback,
-                           bool deep, TCIMContext& context) override;
+  void EnumerateSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep,
+                           TCIMContext& context) override;
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name) override;
   void EnumerateQualifiers(
       boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) override;

@@ -2,8 +2,8 @@
 //
 // Elements are called back by position, up to the count there was when the walk began: a callback
 // that adds to the same list (a commit made from inside an enumeration) neither invalidates the
-// walk nor extends it (one that empties it ends it). The walk stops when the callback returns false; the answer says whether it
-// ran to the end, so that nested walks can stop too.
+// walk nor extends it (one that empties it ends it). The walk stops when the callback returns
+// false; the answer says whether it ran to the end, so that nested walks can stop too.
 #ifndef VYRMEMORY_MEMORYENUMERATE_H
 #define VYRMEMORY_MEMORYENUMERATE_H
 

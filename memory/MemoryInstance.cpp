@@ -68,8 +68,7 @@ void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue&
   boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->FindPropertyDecl(name);
   if (!declaration) throw TVYRException(kVYRStatusNotFound);
   declaration->CheckType(value);
-  boost::shared_ptr<TMemoryProperty> property(
-      new TMemoryProperty(declaration, StoredValue(value)));
+  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   if (fCommitted) cimClass->Instances().Withdraw(this, name);
   fValues[name] = property;
   if (fCommitted) cimClass->Instances().Restore(this, name);

@@ -37,8 +37,7 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
   return boost::shared_ptr<ICIMClass>(new TMemoryClass(name, parent, shared_from_this()));
 }
 
-boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name,
-                                                            TCIMContext&) {
+boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {
   auto found = fClasses.find(name);
   if (found == fClasses.end()) throw TVYRException(kVYRStatusNotFound);
   return found->second;
@@ -50,16 +49,16 @@ void TMemoryNamespaceImpl::EnumerateClasses(
 }
 
 boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::CreateQualifierDecl(
-    const std::string& name, const TCIMValue& defaultValue, unsigned int scope,
-    unsigned int flavor, TCIMContext&) {
+    const std::string& name, const TCIMValue& defaultValue, unsigned int scope, unsigned int flavor,
+    TCIMContext&) {
   CheckName(name);
   if (fQualifierDecls.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
   return boost::shared_ptr<ICIMQualifierDecl>(
       new TMemoryQualifierDecl(name, defaultValue, scope, flavor, shared_from_this()));
 }
 
-boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(
-    const std::string& name, TCIMContext&) {
+boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(const std::string& name,
+                                                                            TCIMContext&) {
   auto found = fQualifierDecls.find(name);
   if (found == fQualifierDecls.end()) throw TVYRException(kVYRStatusNotFound);
   return found->second;

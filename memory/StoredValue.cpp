@@ -84,7 +84,8 @@ TCIMReference StoredReference(const TCIMReference& reference) {
 
 TCIMValue StoredValue(const TCIMValue& value) {
   const TCIMValue::TCIMType::ECIMType type = value.GetType();
-  const unsigned int elementType = type & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
+  const unsigned int elementType =
+      type & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
   if (value.IsNull() || elementType != TCIMValue::TCIMType::kCIMTypeReference) return value;
 
   if (value.IsReference()) {

@@ -20,7 +20,8 @@ int main() {
   TCIMReference path(space, TCIMContext());
   path.SetClassName("Disk");
   path.AddKeyValue("Name", TCIMValue("sda"));
-  boost::shared_ptr<ICIMInstance> found = space->GetClass("Disk", context)->GetInstance(path, context);
+  boost::shared_ptr<ICIMInstance> found =
+      space->GetClass("Disk", context)->GetInstance(path, context);
   if (found != sda) return 1;
   if (found->GetProperty("Blocks", context)->GetValue() != TCIMValue(0u)) return 2;
 

@@ -40,10 +40,13 @@ class IndexTest : public MemoryTest {
 
 TEST_F(IndexTest, PathsFindTheFirstCommittedInstanceWithEqualValues) {
   MakeInstance(fDevice, {{"Name", TCIMValue("sda")}, {"Slot", TCIMValue(1u)}});
-  MakeInstance(fDevice, {{"Name", TCIMValue("sdb")}, {"Slot", TCIMValue(2u)}, {"Kind", TCIMValue("ssd")}});
-  MakeInstance(fDevice, {{"Name", TCIMValue("sdc")}, {"Slot", TCIMValue(2u)}, {"Weight", TCIMValue(1.5)}});
+  MakeInstance(fDevice,
+               {{"Name", TCIMValue("sdb")}, {"Slot", TCIMValue(2u)}, {"Kind", TCIMValue("ssd")}});
+  MakeInstance(fDevice,
+               {{"Name", TCIMValue("sdc")}, {"Slot", TCIMValue(2u)}, {"Weight", TCIMValue(1.5)}});
   MakeInstance(fDevice, {{"Name", TCIMValue("sdd")}, {"Weight", TCIMValue(std::nan(""))}});
-  MakeInstance(fDevice, {{"Name", TCIMValue("sdb")}, {"Slot", TCIMValue(9u)}}, false);  // never committed
+  MakeInstance(fDevice, {{"Name", TCIMValue("sdb")}, {"Slot", TCIMValue(9u)}},
+               false);  // never committed
   boost::shared_ptr<ICIMClass> subclass = MakeClass("Removable", fDevice);
   MakeInstance(subclass, {{"Name", TCIMValue("usb")}, {"Slot", TCIMValue(2u)}});
 
@@ -61,7 +64,7 @@ TEST_F(IndexTest, PathsFindTheFirstCommittedInstanceWithEqualValues) {
       {{{"Weight", TCIMValue(1.5)}}, "sdc"},
       {{{"Name", TCIMValue("sdb")}, {"Slot", TCIMValue(1u)}}, "-"},
       {{{"Name", TCIMValue("SDA")}}, "-"},
-      {{{"Name", TCIMValue("usb")}}, "-"},  // an instance of the subclass, not of Device
+      {{{"Name", TCIMValue("usb")}}, "-"},           // an instance of the subclass, not of Device
       {{{"Weight", TCIMValue(std::nan(""))}}, "-"},  // a NaN equals nothing
       {{{"Slot", TCIMValue(9u)}}, "-"},
       {{}, "sda"},  // no binding: every instance qualifies
@@ -124,7 +127,8 @@ TEST_F(IndexTest, NaNValuesDoNotMisleadTheIndex) {
   const double nan = std::nan("");
   const double weights[] = {39, nan, nan, 13, 41, 32, nan, 16, 13, nan, 21, 16, 93, 4, 76, 52};
   for (std::size_t i = 0; i < sizeof weights / sizeof weights[0]; ++i) {
-    MakeInstance(fDevice, {{"Name", TCIMValue(std::to_string(i))}, {"Weight", TCIMValue(weights[i])}});
+    MakeInstance(fDevice,
+                 {{"Name", TCIMValue(std::to_string(i))}, {"Weight", TCIMValue(weights[i])}});
   }
   for (std::size_t i = 0; i < sizeof weights / sizeof weights[0]; ++i) {
     if (std::isnan(weights[i])) continue;
@@ -140,9 +144,9 @@ TEST_F(IndexTest, NaNValuesDoNotMisleadTheIndex) {
 // more. Measuring against the making keeps the bound fair in plain and sanitized builds alike.
 TEST_F(IndexTest, TwentyThousandInstancesAreEachFoundQuickly) {
   const int count = 20000;
-  boost::shared_ptr<ICIMClass> element =
-      MakeClass("Element", {}, {{"CreationClassName", TCIMValue("")}, {"Name", TCIMValue("")},
-                                {"Index", TCIMValue(0u)}});
+  boost::shared_ptr<ICIMClass> element = MakeClass(
+      "Element", {},
+      {{"CreationClassName", TCIMValue("")}, {"Name", TCIMValue("")}, {"Index", TCIMValue(0u)}});
   auto seconds = [](std::chrono::steady_clock::time_point since) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
   };

@@ -9,7 +9,8 @@ using namespace NORXVYR20;
 
 std::vector<std::string> DeclNames(const std::vector<boost::shared_ptr<ICIMPropertyDecl>>& decls) {
   std::vector<std::string> names;
-  for (const auto& decl : decls) names.push_back(decl->GetName() + "=" + decl->GetDefaultValue().ToString());
+  for (const auto& decl : decls)
+    names.push_back(decl->GetName() + "=" + decl->GetDefaultValue().ToString());
   return names;
 }
 
@@ -46,7 +47,8 @@ TEST_F(MemoryTest, SubclassesSeeInheritedDeclarationsAndRedeclareInPlace) {
     EXPECT_VYR_STATUS(c.cimClass->GetPropertyDecl("Missing", fContext), kVYRStatusNotFound);
     EXPECT_VYR_STATUS(c.cimClass->GetPropertyDecl("name", fContext), kVYRStatusNotFound);
   }
-  EXPECT_EQ(leaf->GetPropertyDecl("Size", fContext)->GetType(), TCIMValue::TCIMType::kCIMTypeUInt32);
+  EXPECT_EQ(leaf->GetPropertyDecl("Size", fContext)->GetType(),
+            TCIMValue::TCIMType::kCIMTypeUInt32);
   EXPECT_VYR_STATUS(leaf->CreatePropertyDecl("Size", TCIMValue(4u), fContext),
                     kVYRStatusAlreadyExists);
   // A declaration made after the subclass was committed is seen by it at once.
@@ -192,9 +194,10 @@ TEST_F(MemoryTest, StaticValuesAndMethods) {
     parameterNames.push_back(p->GetName() + ":" + p->GetType().ToString());
   }
   EXPECT_EQ(parameterNames, (std::vector<std::string>{"Force:boolean", "Reason:string"}));
-  EXPECT_TRUE(Collect<ICIMMethodDecl>([&](boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& cb) {
-                base->EnumerateMethodDecls(cb, fContext);
-              }).empty());
+  EXPECT_TRUE(
+      Collect<ICIMMethodDecl>([&](boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& cb) {
+        base->EnumerateMethodDecls(cb, fContext);
+      }).empty());
 }
 
 }  // namespace

@@ -34,7 +34,8 @@ std::vector<boost::shared_ptr<X>> Collect(
     const std::function<void(boost::function<bool(boost::shared_ptr<X>)>&)>& enumerate,
     std::size_t stopAfter = std::numeric_limits<std::size_t>::max()) {
   std::vector<boost::shared_ptr<X>> seen;
-  boost::function<bool(boost::shared_ptr<X>)> callback = [&seen, stopAfter](boost::shared_ptr<X> x) {
+  boost::function<bool(boost::shared_ptr<X>)> callback = [&seen,
+                                                          stopAfter](boost::shared_ptr<X> x) {
     seen.push_back(x);
     return seen.size() < stopAfter;
   };

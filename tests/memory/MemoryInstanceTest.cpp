@@ -6,7 +6,9 @@ namespace {
 
 using namespace NORXVYR20;
 
-TCIMValue Null(TCIMValue::TCIMType::ECIMType type) { return TCIMValue(TCIMValue::TCIMType(type), 0); }
+TCIMValue Null(TCIMValue::TCIMType::ECIMType type) {
+  return TCIMValue(TCIMValue::TCIMType(type), 0);
+}
 
 class InstanceTest : public MemoryTest {
  protected:

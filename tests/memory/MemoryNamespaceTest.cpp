@@ -14,9 +14,10 @@ TEST_F(MemoryTest, ClassesAndQualifierDeclarationsAppearWhenCommitted) {
   auto roots = [this](boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback) {
     fNamespace->EnumerateClasses(callback, fContext);
   };
-  auto declarations = [this](boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback) {
-    fNamespace->EnumerateQualifierDecls(callback, fContext);
-  };
+  auto declarations =
+      [this](boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback) {
+        fNamespace->EnumerateQualifierDecls(callback, fContext);
+      };
 
   EXPECT_VYR_STATUS(fNamespace->GetClass("Base", fContext), kVYRStatusNotFound);
   EXPECT_TRUE(Collect<ICIMClass>(roots).empty());
@@ -56,9 +57,10 @@ TEST_F(MemoryTest, RootClassesAndDeclarationsEnumerateInCommitOrderUntilStopped)
   auto roots = [this](boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback) {
     fNamespace->EnumerateClasses(callback, fContext);
   };
-  auto declarations = [this](boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback) {
-    fNamespace->EnumerateQualifierDecls(callback, fContext);
-  };
+  auto declarations =
+      [this](boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback) {
+        fNamespace->EnumerateQualifierDecls(callback, fContext);
+      };
 
   const struct {
     std::size_t stopAfter;
@@ -91,8 +93,8 @@ TEST_F(MemoryTest, RefusedCreationsAndCommits) {
     std::function<void()> run;
     TVYRStatusCode status;
   } rejects[] = {
-      {"a class name already committed",
-       [&] { fNamespace->CreateClass("Base", {}, fContext); }, kVYRStatusAlreadyExists},
+      {"a class name already committed", [&] { fNamespace->CreateClass("Base", {}, fContext); },
+       kVYRStatusAlreadyExists},
       {"two uncommitted classes of one name, the second committed",
        [&] {
          boost::shared_ptr<ICIMClass> first = fNamespace->CreateClass("Twin", {}, fContext);

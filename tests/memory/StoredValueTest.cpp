@@ -39,8 +39,8 @@ TEST_F(StoredReferenceTest, ReferencesReadBackEqualAndResolve) {
   const std::vector<TCIMValue> peers = {TCIMValue(fRootPath), TCIMValue(childPath)};
   const TCIMValue parent(fRootPath);
   const TCIMValue peerArray(TCIMValue::TCIMType::kCIMTypeReference, 4, peers);
-  boost::shared_ptr<ICIMInstance> child = MakeInstance(
-      fNode, {{"Name", TCIMValue("child")}, {"Parent", parent}, {"Peers", peerArray}});
+  boost::shared_ptr<ICIMInstance> child =
+      MakeInstance(fNode, {{"Name", TCIMValue("child")}, {"Parent", parent}, {"Peers", peerArray}});
 
   const TCIMValue& stored = child->GetProperty("Parent", fContext)->GetValue();
   EXPECT_EQ(stored, parent);
@@ -62,25 +62,27 @@ TEST_F(StoredReferenceTest, DroppingTheNamespaceFreesClassesAndInstancesThatRefe
   TCIMReference childPath = Path("child");
   boost::shared_ptr<ICIMInstance> child =
       MakeInstance(fNode, {{"Name", TCIMValue("child")}, {"Parent", TCIMValue(fRootPath)}});
-  fRoot->SetPropertyValue(
-      "Peers",
-      TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 4, std::vector<TCIMValue>{TCIMValue(childPath)}),
-      fContext);
+  fRoot->SetPropertyValue("Peers",
+                          TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 4,
+                                    std::vector<TCIMValue>{TCIMValue(childPath)}),
+                          fContext);
   // A second namespace whose instance refers into this one, and the other way round.
   boost::shared_ptr<ICIMNamespace> other = TMemoryNamespace::Create("root/other");
   boost::shared_ptr<ICIMClass> remote = other->CreateClass("Remote", {}, fContext);
-  remote->CreatePropertyDecl("Target", TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 0), fContext);
+  remote->CreatePropertyDecl("Target", TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 0),
+                             fContext);
   remote->Commit(fContext);
   boost::shared_ptr<ICIMInstance> far = remote->CreateInstance(fContext);
   far->SetPropertyValue("Target", TCIMValue(childPath), fContext);
   far->Commit(fContext);
-  fNode->CreatePropertyDecl("Remote", TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 0), fContext);
+  fNode->CreatePropertyDecl("Remote", TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 0),
+                            fContext);
   TCIMReference toRemote(other, TCIMContext());
   toRemote.SetClass(remote);
   child->SetPropertyValue("Remote", TCIMValue(toRemote), fContext);
 
-  boost::shared_ptr<ICIMNamespace> standIn = static_cast<TCIMReference>(
-      child->GetProperty("Parent", fContext)->GetValue()).GetNamespace();
+  boost::shared_ptr<ICIMNamespace> standIn =
+      static_cast<TCIMReference>(child->GetProperty("Parent", fContext)->GetValue()).GetNamespace();
   boost::weak_ptr<ICIMNamespace> space = fNamespace;
   boost::weak_ptr<ICIMNamespace> otherSpace = other;
   boost::weak_ptr<ICIMClass> node = fNode;
