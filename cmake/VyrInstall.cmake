@@ -1,9 +1,9 @@
 # Installation: headers, the libraries, a CMake package (find_package(vyrcore CONFIG) gives
-# vyrcore::vyrcore) and pkg-config files.
+# vyrcore::vyrcore and vyrcore::vyrmemory) and pkg-config files (vyrcore.pc, vyrmemory.pc).
 include(CMakePackageConfigHelpers)
 
 install(DIRECTORY include/vyrcore DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(TARGETS vyrcore EXPORT vyrcoreTargets
+install(TARGETS vyrcore vyrmemory EXPORT vyrcoreTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
@@ -31,3 +31,4 @@ function(vyr_install_pkgconfig name)
          DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig\")")
 endfunction()
 vyr_install_pkgconfig(vyrcore)
+vyr_install_pkgconfig(vyrmemory)

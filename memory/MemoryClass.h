@@ -1,0 +1,112 @@
+// MemoryClass.h: TMemoryClass, a class of the in-memory namespace (never installed).
+//
+// A class holds its namespace weakly and its superclass strongly; once committed it is owned by
+// the namespace and listed with its superclass's subclasses (a pointer down the tree that the
+// namespace's teardown clears). It owns its qualifiers, its own property and method declarations,
+// its static property values and its committed instances (TInstanceIndex). Property declarations
+// are seen through the superclass chain: the most derived declaration of a name wins, and the
+// full list runs from the root class down with a re-declaration in its inherited place. Failures
+// are TVYRException as vyrmemory.h lists them. One thread at a time.
+#ifndef VYRMEMORY_MEMORYCLASS_H
+#define VYRMEMORY_MEMORYCLASS_H
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include <boost/enable_shared_from_this.hpp>
+#include <boost/weak_ptr.hpp>
+
+#include <vyrcore/CIMObjectModel.h>
+
+#include "InstanceIndex.h"
+#include "MemoryDeclarations.h"
+
+namespace NORXVYR20 {
+namespace detail {
+
+class TMemoryInstance;
+class TMemoryNamespaceImpl;
+class TMemoryProperty;
+
+class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMemoryClass> {
+ public:
+  TMemoryClass(const std::string& name, boost::shared_ptr<TMemoryClass> superclass,
+               boost::weak_ptr<TMemoryNamespaceImpl> owner);
+  ~TMemoryClass() override;
+
+  // Enters the class into its namespace (after its superclass).
+  void Commit(TCIMContext& context) override;
+  boost::shared_ptr<ICIMQualifier> AddQualifier(boost::shared_ptr<ICIMQualifierDecl> declaration,
+                                                const TCIMValue& value) override;
+
+  const std::string& GetName(TCIMContext& context) override;
+  bool IsAssociation(TCIMContext& context) override;
+  bool IsAbstract(TCIMContext& context) override;
+  bool IsRootClass(TCIMContext& context) override;
+  boost::shared_ptr<ICIMClass> GetSuperclass(TCIMContext& context) override;
+  void EnumerateSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep,
+                           TCIMContext& context) override;
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name) override;
+  void EnumerateQualifiers(
+      boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) override;
+  boost::shared_ptr<ICIMPropertyDecl> CreatePropertyDecl(const std::string& name,
+                                                         const TCIMValue& defaultValue,
+                                                         TCIMContext& context) override;
+  boost::shared_ptr<ICIMPropertyDecl> GetPropertyDecl(const std::string& name,
+                                                      TCIMContext& context) override;
+  void EnumeratePropertyDecls(boost::function<bool(boost::shared_ptr<ICIMPropertyDecl>)>& callback,
+                              TCIMContext& context) override;
+  void SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
+                              TCIMContext& context) override;
+  void EnumerateStaticProperties(boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback,
+                                 TCIMContext& context) override;
+  boost::shared_ptr<ICIMInstance> CreateInstance(TCIMContext& context) override;
+  boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference& path,
+                                              TCIMContext& context) override;
+  void EnumerateInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback,
+                          bool deep, TCIMContext& context) override;
+  boost::shared_ptr<ICIMMethodDecl> CreateMethodDecl(const std::string& name,
+                                                     TCIMValue::TCIMType returnType,
+                                                     TCIMContext& context) override;
+  void EnumerateMethodDecls(boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& callback,
+                            TCIMContext& context) override;
+
+  // For the namespace and the instances.
+  const std::string& Name() const { return fName; }
+  const boost::shared_ptr<TMemoryClass>& Superclass() const { return fSuperclass; }
+  bool IsCommitted() const { return fCommitted; }
+  bool BelongsTo(const TMemoryNamespaceImpl* space) const;
+  // The most derived declaration of the name, or empty.
+  boost::shared_ptr<TMemoryPropertyDecl> FindPropertyDecl(const std::string& name) const;
+  // Every declaration the class sees, inherited first, one per name.
+  std::vector<boost::shared_ptr<TMemoryPropertyDecl>> AllPropertyDecls() const;
+  TInstanceIndex& Instances() { return fInstances; }
+  // Drops every member, instance and subclass link (the namespace's teardown).
+  void ReleaseMembers();
+
+ private:
+  bool WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep);
+  bool WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback, bool deep);
+
+  std::string fName;
+  boost::shared_ptr<TMemoryClass> fSuperclass;
+  boost::weak_ptr<TMemoryNamespaceImpl> fOwner;
+  bool fCommitted = false;
+  std::vector<boost::shared_ptr<TMemoryClass>> fSubclasses;
+  TQualifierSet fQualifiers;
+  std::vector<boost::shared_ptr<TMemoryPropertyDecl>> fPropertyDecls;
+  std::unordered_map<std::string, boost::shared_ptr<TMemoryPropertyDecl>> fPropertyDeclsByName;
+  std::vector<boost::shared_ptr<TMemoryProperty>> fStaticProperties;
+  std::unordered_map<std::string, std::size_t> fStaticPositions;
+  std::vector<boost::shared_ptr<TMemoryMethodDecl>> fMethodDecls;
+  std::unordered_set<std::string> fMethodNames;
+  TInstanceIndex fInstances;
+};
+
+}  // namespace detail
+}  // namespace NORXVYR20
+
+#endif

@@ -1,0 +1,95 @@
+// The in-memory namespace: its classes and qualifier declarations, and TMemoryNamespace::Create.
+#include "MemoryNamespace.h"
+
+#include <vyrcore/Status.h>
+#include <vyrcore/vyrmemory.h>
+
+#include "MemoryClass.h"
+#include "MemoryDeclarations.h"
+#include "MemoryEnumerate.h"
+#include "StoredValue.h"
+
+namespace NORXVYR20 {
+
+boost::shared_ptr<ICIMNamespace> TMemoryNamespace::Create(const std::string& name) {
+  return boost::shared_ptr<ICIMNamespace>(new detail::TMemoryNamespaceImpl(name));
+}
+
+namespace detail {
+
+TMemoryNamespaceImpl::TMemoryNamespaceImpl(const std::string& name) : fName(name) {}
+
+TMemoryNamespaceImpl::~TMemoryNamespaceImpl() {
+  // Instances, defaults and qualifiers may hold (through reference values) classes of this very
+  // namespace; emptying every class drops those pointers, so the classes can go with us.
+  for (auto& entry : fClasses) entry.second->ReleaseMembers();
+}
+
+boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
+    const std::string& name, boost::shared_ptr<ICIMClass> superclass, TCIMContext&) {
+  CheckName(name);
+  if (fClasses.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  boost::shared_ptr<TMemoryClass> parent;
+  if (superclass) {
+    parent = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
+    if (!parent || !parent->BelongsTo(this)) throw TVYRException(kVYRStatusInvalidClass);
+  }
+  return boost::shared_ptr<ICIMClass>(new TMemoryClass(name, parent, shared_from_this()));
+}
+
+boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {
+  auto found = fClasses.find(name);
+  if (found == fClasses.end()) throw TVYRException(kVYRStatusNotFound);
+  return found->second;
+}
+
+void TMemoryNamespaceImpl::EnumerateClasses(
+    boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, TCIMContext&) {
+  EnumerateInOrder(fRootClasses, callback);
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::CreateQualifierDecl(
+    const std::string& name, const TCIMValue& defaultValue, unsigned int scope, unsigned int flavor,
+    TCIMContext&) {
+  CheckName(name);
+  if (fQualifierDecls.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  return boost::shared_ptr<ICIMQualifierDecl>(
+      new TMemoryQualifierDecl(name, defaultValue, scope, flavor, shared_from_this()));
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(const std::string& name,
+                                                                            TCIMContext&) {
+  auto found = fQualifierDecls.find(name);
+  if (found == fQualifierDecls.end()) throw TVYRException(kVYRStatusNotFound);
+  return found->second;
+}
+
+void TMemoryNamespaceImpl::EnumerateQualifierDecls(
+    boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback, TCIMContext&) {
+  EnumerateInOrder(fQualifierDeclsInOrder, callback);
+}
+
+const std::string& TMemoryNamespaceImpl::GetName() const { return fName; }
+
+void TMemoryNamespaceImpl::AddClass(const boost::shared_ptr<TMemoryClass>& cimClass) {
+  if (!fClasses.emplace(cimClass->Name(), cimClass).second) {
+    throw TVYRException(kVYRStatusAlreadyExists);
+  }
+  if (!cimClass->Superclass()) fRootClasses.push_back(cimClass);
+}
+
+void TMemoryNamespaceImpl::AddQualifierDecl(
+    const boost::shared_ptr<TMemoryQualifierDecl>& declaration) {
+  if (!fQualifierDecls.emplace(declaration->GetName(), declaration).second) {
+    throw TVYRException(kVYRStatusAlreadyExists);
+  }
+  fQualifierDeclsInOrder.push_back(declaration);
+}
+
+boost::shared_ptr<ICIMNamespace> TMemoryNamespaceImpl::GetStandIn() {
+  if (!fStandIn) fStandIn = MakeStandIn(shared_from_this(), fName);
+  return fStandIn;
+}
+
+}  // namespace detail
+}  // namespace NORXVYR20

@@ -1,0 +1,112 @@
+// Values as the in-memory namespace keeps them: references rebuilt on the namespace's stand-in.
+#include "StoredValue.h"
+
+#include <utility>
+#include <vector>
+
+#include <vyrcore/Status.h>
+
+#include "MemoryNamespace.h"
+
+namespace NORXVYR20 {
+namespace detail {
+
+namespace {
+
+class TNamespaceStandIn : public ICIMNamespace {
+ public:
+  TNamespaceStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target, const std::string& name)
+      : fTarget(target), fName(name) {}
+  ~TNamespaceStandIn() override = default;
+
+  boost::shared_ptr<ICIMClass> CreateClass(const std::string& name,
+                                           boost::shared_ptr<ICIMClass> superclass,
+                                           TCIMContext& context) override {
+    return Target()->CreateClass(name, superclass, context);
+  }
+  boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TCIMContext& context) override {
+    return Target()->GetClass(name, context);
+  }
+  void EnumerateClasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback,
+                        TCIMContext& context) override {
+    Target()->EnumerateClasses(callback, context);
+  }
+  boost::shared_ptr<ICIMQualifierDecl> CreateQualifierDecl(const std::string& name,
+                                                           const TCIMValue& defaultValue,
+                                                           unsigned int scope, unsigned int flavor,
+                                                           TCIMContext& context) override {
+    return Target()->CreateQualifierDecl(name, defaultValue, scope, flavor, context);
+  }
+  boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(const std::string& name,
+                                                        TCIMContext& context) override {
+    return Target()->GetQualifierDecl(name, context);
+  }
+  void EnumerateQualifierDecls(
+      boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback,
+      TCIMContext& context) override {
+    Target()->EnumerateQualifierDecls(callback, context);
+  }
+  const std::string& GetName() const override { return fName; }
+
+ private:
+  boost::shared_ptr<TMemoryNamespaceImpl> Target() const {
+    boost::shared_ptr<TMemoryNamespaceImpl> target = fTarget.lock();
+    if (!target) throw TVYRException(kVYRStatusNotFound);
+    return target;
+  }
+
+  boost::weak_ptr<TMemoryNamespaceImpl> fTarget;
+  std::string fName;
+};
+
+boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
+  if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
+    return memory->GetStandIn();
+  }
+  return space;
+}
+
+TCIMReference StoredReference(const TCIMReference& reference) {
+  TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
+  stored.SetClass(reference.GetClass());
+  std::vector<std::pair<std::string, TCIMValue>> keys;
+  reference.EnumerateKeyBindings([&keys](std::pair<std::string, TCIMValue> key) {
+    keys.push_back(key);
+    return true;
+  });
+  for (const std::pair<std::string, TCIMValue>& key : keys) {
+    stored.AddKeyValue(key.first, StoredValue(key.second));
+  }
+  return stored;
+}
+
+}  // namespace
+
+TCIMValue StoredValue(const TCIMValue& value) {
+  const TCIMValue::TCIMType::ECIMType type = value.GetType();
+  const unsigned int elementType =
+      type & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
+  if (value.IsNull() || elementType != TCIMValue::TCIMType::kCIMTypeReference) return value;
+
+  if (value.IsReference()) {
+    TCIMReference stored = StoredReference(value.operator TCIMReference());
+    return TCIMValue(stored);
+  }
+  const std::vector<TCIMValue>& elements = value.operator std::vector<TCIMValue>&();
+  std::vector<TCIMValue> stored;
+  stored.reserve(elements.size());
+  for (const TCIMValue& element : elements) stored.push_back(StoredValue(element));
+  // Start null so that the referenced class can still be attached, then fill in the elements.
+  TCIMValue result(value.GetType(), value.GetMaxArraySize());
+  result.SetReferencedClass(value.GetReferencedClass());
+  result.Set(value.GetType(), value.GetMaxArraySize(), stored);
+  return result;
+}
+
+boost::shared_ptr<ICIMNamespace> MakeStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target,
+                                             const std::string& name) {
+  return boost::shared_ptr<ICIMNamespace>(new TNamespaceStandIn(target, name));
+}
+
+}  // namespace detail
+}  // namespace NORXVYR20
