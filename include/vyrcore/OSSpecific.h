@@ -1,7 +1,8 @@
 // OSSpecific.h: TOSSpecific, the platform services of libvyrcore.
 //
 // A class of static operations only, no state. Each is a thin wrapper over the POSIX calls named
-// in its comment; failures throw TVYRException with the status named there, and nothing here logs.
+// in its comment; failures throw TVYRException with the status named there. The file and
+// directory services log nothing; the plug-in section below has its own contract paragraph.
 // String arguments are taken by value. GetLocalTime uses the non-reentrant localtime: one thread
 // at a time.
 #ifndef VYRCORE_OSSPECIFIC_H
@@ -15,6 +16,11 @@
 #include <vyrcore/export.h>
 
 namespace NORXVYR20 {
+
+class INamespaceConsumer;
+
+// Suffix of namespace-provider libraries, ".nsp.so".
+VYR_EXPORT extern const std::string kNSPExtension;
 
 class VYR_EXPORT TOSSpecific {
  public:
@@ -59,6 +65,61 @@ class VYR_EXPORT TOSSpecific {
   static TCIMDateTime GetLocalTime();
   // The logger's sink for lines when no log file is set; discards them on this platform.
   static void OutputLogString(std::string line);
+
+  // --- Plug-in and provider discovery and loading ------------------------------------------------
+  // Three families of modules, each found by its file name. Collector plug-ins lie one level of
+  // sub-directories below a caller-given root and carry "." + extension word + ".so" anywhere in
+  // their names. Namespace providers lib<name>.nsp.so and consumers lib<name>.nsc.so lie beside
+  // libvyrcore itself. Loads use RTLD_NOW | RTLD_GLOBAL, and nothing loaded is ever unloaded.
+  // Failures throw TVYRException; a failed load is logged first at error severity (when a core
+  // logger exists) with the loader's text. Safe from several threads, except FindPlugins, which
+  // depends on the process's current directory.
+
+  // File-name constants, built at library load in this order (kPluginExtension from the two
+  // before it): ".so", "pi", ".pi.so", ".properties.xml", "/".
+  static const std::string kDynamicModuleExtension;
+  static const std::string kVYRPluginExtension;
+  static const std::string kPluginExtension;
+  static const std::string kSpecificationExtension;
+  static const std::string kFileSeparator;
+
+  // The directory of the libvyrcore file this process loaded, without a trailing "/".
+  // kVYRStatusFileSystemError when the loader cannot say.
+  static std::string GetVYRRootPath();
+  // Stores argc and argv unchanged: this platform's shell has expanded them already.
+  static void ExpandCommandLineWildcards(int argc, char** argv, int* expandedArgc,
+                                         char*** expandedArgv);
+  // Paths root/<sub-directory>/<entry>, in listing order, of every entry whose name contains
+  // "." + extension + ".so". A sub-directory is searched only when its bare name, resolved from
+  // the current directory, is a directory: run it with root as the current directory. An
+  // unopenable root or sub-directory: kVYRStatusFileSystemError, and nothing is returned.
+  static std::vector<std::string> FindPlugins(std::string root);  // extension "pi"
+  static std::vector<std::string> FindPlugins(std::string root, std::string extension);
+  // The loader's handle of the plug-in, owned by the caller. Logs "ERROR: Failed to load plugin.
+  // Reason: <loader text>" and throws kVYRStatusFileSystemError on failure.
+  static void* LoadPluginLibrary(std::string path);
+  // Names of the non-directory entries beside libvyrcore whose names contain "." + kind: each
+  // name without its first three and last seven characters (libxml.nsc.so gives xml), in
+  // listing order. kVYRStatusFileSystemError when the directory cannot be listed.
+  static std::vector<std::string> FindNSServices(std::string kind);
+  static std::vector<std::string> FindNSPs();  // FindNSServices("nsp")
+  static std::vector<std::string> FindNSCs();  // FindNSServices("nsc")
+  // Loads lib<name>.nsp.so from beside libvyrcore and calls nothing in it: the provider
+  // registers itself from its load-time initialisation. Logs "Couldn't load NSP: <name> (<loader
+  // text>)" and throws kVYRStatusFileSystemError on failure.
+  static void LoadNSPLibrary(std::string name);
+  // Loads lib<name>.nsc.so and returns a new consumer from its extern "C" factory
+  // <name>_CreateINamespaceConsumer; the caller owns it. Logs "Couldn't load NSC: <name>
+  // (<loader text>)" and throws kVYRStatusFileSystemError when the load fails; logs "Couldn't
+  // find 'CreateINamespaceConsumer' in <path>" and throws kVYRStatusNotFound (the library stays
+  // loaded) when the factory is missing.
+  static INamespaceConsumer* LoadNSCLibrary(std::string name);
+  // The plug-in path up to the first "." + extension + ".so", with the first "lib" anywhere in the
+  // path cut out (not for extension "cmpi"), plus ".properties.xml". Note that the first "lib"
+  // may lie in a directory name: keep "lib" out of plug-in directory paths. kVYRStatusFail when
+  // the pattern or the "lib" is missing.
+  static std::string BuildSpecificationPath(std::string path, std::string extension);
+  static std::string BuildSpecificationPath(std::string path);  // extension "pi"
 };
 
 }  // namespace NORXVYR20

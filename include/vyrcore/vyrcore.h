@@ -13,6 +13,7 @@
 #include <vyrcore/CIMReferenceImpl.h>
 #include <vyrcore/CIMObjectModel.h>
 #include <vyrcore/NamespaceProvider.h>
+#include <vyrcore/NamespaceProviderManager.h>
 #include <vyrcore/Logger.h>
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>

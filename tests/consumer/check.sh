@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Installs the build into a temporary prefix, then builds and runs the consumer programs (one for
-# libvyrcore, one for libvyrmemory) twice: through find_package(vyrcore CONFIG) and through
-# pkg-config.
+# Installs the build into a temporary prefix, runs the installed vyr-host (which must find
+# libvyrcore through its run path and the "memory" provider beside it), then builds and runs the
+# consumer programs (one for libvyrcore, one for libvyrmemory) twice: through
+# find_package(vyrcore CONFIG) and through pkg-config.
 # Usage: check.sh BUILD_DIR CONSUMER_SOURCE_DIR WORK_DIR
 set -euo pipefail
 build=$1 src=$2 work=$3
@@ -10,6 +11,11 @@ rm -rf "$work"
 mkdir -p "$work"
 prefix=$work/prefix
 cmake --install "$build" --prefix "$prefix" >/dev/null
+
+echo "-- installed vyr-host"
+host_output=$("$prefix/bin/vyr-host")
+echo "$host_output"
+grep -qx "  memory" <<<"$host_output"
 
 echo "-- consumer through the CMake package"
 cmake -S "$src" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null

@@ -72,6 +72,55 @@ std::string StderrCapture::Finish() {
   return text;
 }
 
+ScopedCurrentDir::ScopedCurrentDir(const std::string& path)
+    : fSavedFd(open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (fSavedFd < 0) throw std::runtime_error("cannot open the current directory");
+  if (chdir(path.c_str()) != 0) {
+    close(fSavedFd);
+    throw std::runtime_error("cannot enter " + path);
+  }
+}
+
+ScopedCurrentDir::~ScopedCurrentDir() {
+  if (fchdir(fSavedFd) != 0) std::fprintf(stderr, "could not restore the current directory\n");
+  close(fSavedFd);
+}
+
+ProgramResult RunProgram(const std::vector<std::string>& argv) {
+  int fds[2];
+  if (pipe2(fds, O_CLOEXEC) != 0) throw std::runtime_error("pipe failed");
+  std::vector<char*> args;
+  for (const std::string& arg : argv) args.push_back(const_cast<char*>(arg.c_str()));
+  args.push_back(nullptr);
+
+  const pid_t pid = fork();
+  if (pid < 0) throw std::runtime_error("fork failed");
+  if (pid == 0) {
+    // Only async-signal-safe calls from here to exec; _exit if exec fails.
+    dup2(fds[1], 1);
+    dup2(fds[1], 2);
+    execv(args[0], args.data());
+    _exit(127);
+  }
+  close(fds[1]);
+  ProgramResult result{-1, ""};
+  char buffer[4096];
+  for (;;) {
+    const ssize_t n = read(fds[0], buffer, sizeof buffer);
+    if (n > 0) {
+      result.output.append(buffer, static_cast<std::size_t>(n));
+    } else if (n == 0 || errno != EINTR) {
+      break;
+    }
+  }
+  close(fds[0]);
+  int status = 0;
+  while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+  }
+  result.exitStatus = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return result;
+}
+
 int OpenFdCount() {
   int count = 0;
   DIR* dir = opendir("/proc/self/fd");

@@ -6,9 +6,11 @@
 // what the process writes to file descriptor 2. OpenFdCount counts /proc/self/fd to show that
 // nothing leaks. CoreLog() gives the process's core logger (made on first use) with an empty
 // in-memory log; LoggedMessages() lists what was kept since. ScopedUmask and ScopedFdRedirect
-// change the process's file-creation mask or one descriptor for a scope. RunInChild runs what
-// must not touch the test process (namespaces, user ids) in a forked child; StatusThrownBy
-// turns a call's TVYRException into a number it can report.
+// change the process's file-creation mask or one descriptor for a scope, ScopedCurrentDir the
+// current directory. RunInChild runs what must not touch the test process (namespaces, user ids)
+// in a forked child; StatusThrownBy turns a call's TVYRException into a number it can report.
+// RunProgram runs a program to its end and returns its exit status with everything it wrote to
+// standard output and standard error.
 #ifndef VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
@@ -78,7 +80,25 @@ class StderrCapture {
   bool fDone = false;
 };
 
+class ScopedCurrentDir {
+ public:
+  // Throws std::runtime_error when the directory cannot be entered.
+  explicit ScopedCurrentDir(const std::string& path);
+  ~ScopedCurrentDir();
+  ScopedCurrentDir(const ScopedCurrentDir&) = delete;
+  ScopedCurrentDir& operator=(const ScopedCurrentDir&) = delete;
+
+ private:
+  int fSavedFd;
+};
+
 int OpenFdCount();
+
+struct ProgramResult {
+  int exitStatus;      // the exit code, or 128 + signal number when a signal ended it
+  std::string output;  // standard output and standard error, interleaved
+};
+ProgramResult RunProgram(const std::vector<std::string>& argv);
 
 NORXVYR20::ILogger& CoreLog();
 std::vector<std::string> LoggedMessages();

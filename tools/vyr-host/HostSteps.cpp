@@ -1,0 +1,136 @@
+#include "HostSteps.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <stdexcept>
+
+using namespace NORXVYR20;
+
+namespace {
+
+void Note(const std::string& message) {
+  if (ILogger* logger = TRootObject::GetCoreLogger())
+    logger->OutputLogEntry(ILogger::kLogSeverityStatus, message);
+}
+
+// FindPlugins tests sub-directory names from the current directory, so the search runs from
+// inside the plug-in directory; the previous directory is restored on every way out.
+class TEnterDirectory {
+ public:
+  explicit TEnterDirectory(const std::string& dir) : fPrevious(std::filesystem::current_path()) {
+    if (chdir(dir.c_str()) != 0)
+      throw std::runtime_error("cannot enter " + dir + ": " + std::strerror(errno));
+  }
+  ~TEnterDirectory() {
+    std::error_code ignored;
+    std::filesystem::current_path(fPrevious, ignored);
+  }
+  TEnterDirectory(const TEnterDirectory&) = delete;
+  TEnterDirectory& operator=(const TEnterDirectory&) = delete;
+
+ private:
+  std::filesystem::path fPrevious;
+};
+
+// An absolute form of dir without a trailing separator, so that found paths read cleanly.
+std::string AbsoluteDirectory(const std::string& dir) {
+  std::string absolute = std::filesystem::absolute(dir).lexically_normal().string();
+  while (absolute.size() > 1 && absolute.back() == '/') absolute.pop_back();
+  return absolute;
+}
+
+std::string SpecificationOf(const std::string& pluginPath) {
+  try {
+    return TOSSpecific::BuildSpecificationPath(pluginPath);
+  } catch (const TVYRException& e) {
+    return std::string("none (") + e.what() + ")";
+  }
+}
+
+}  // namespace
+
+void StartLogger(const std::string& logFile) {
+  TLogger::Initialize();
+  if (!logFile.empty()) TRootObject::GetCoreLogger()->SetLogFilename(logFile);
+}
+
+void LoadProviders(std::ostream& out) {
+  for (const std::string& name : TOSSpecific::FindNSPs()) {
+    TOSSpecific::LoadNSPLibrary(name);
+    out << "Loaded provider library: " << name << "\n";
+    Note("vyr-host: loaded provider library " + name);
+  }
+}
+
+std::vector<std::unique_ptr<INamespaceConsumer>> LoadConsumers(std::ostream& out) {
+  std::vector<std::unique_ptr<INamespaceConsumer>> consumers;
+  for (const std::string& name : TOSSpecific::FindNSCs()) {
+    consumers.emplace_back(TOSSpecific::LoadNSCLibrary(name));
+    out << "Loaded consumer: " << name << "\n";
+    Note("vyr-host: loaded consumer " + name);
+  }
+  return consumers;
+}
+
+void LoadPlugins(const std::string& dir, std::ostream& out) {
+  const std::string root = AbsoluteDirectory(dir);
+  const TEnterDirectory inside(root);
+  for (const std::string& path : TOSSpecific::FindPlugins(root)) {
+    // The handle is not needed here: the plug-in stays loaded, as every plug-in does.
+    TOSSpecific::LoadPluginLibrary(path);
+    out << "Loaded plug-in: " << path << "\n"
+        << "  specification: " << SpecificationOf(path) << "\n";
+    Note("vyr-host: loaded plug-in " + path);
+  }
+}
+
+std::vector<std::string> ListProviders(std::ostream& out) {
+  std::vector<std::string> names;
+  boost::function<bool(boost::shared_ptr<INamespaceProvider>)> collect =
+      [&names](boost::shared_ptr<INamespaceProvider> provider) {
+        std::map<std::string, TCIMValue> context;
+        names.push_back(provider->GetName(context));
+        return true;
+      };
+  TRootObject::GetNamespaceProviderManager()->EnumerateNamespaceProviders(collect);
+  out << "Registered providers:" << (names.empty() ? " none" : "") << "\n";
+  for (const std::string& name : names) out << "  " << name << "\n";
+  return names;
+}
+
+void ShowMemoryProvider(const std::vector<std::string>& providers, std::ostream& out) {
+  if (std::find(providers.begin(), providers.end(), "memory") == providers.end()) {
+    out << "No \"memory\" provider: libmemory.nsp.so does not lie beside libvyrcore.\n";
+    return;
+  }
+  const boost::shared_ptr<INamespaceProvider> memory =
+      TRootObject::GetNamespaceProviderManager()->GetNamespaceProvider("memory");
+  std::map<std::string, TCIMValue> context;
+  const std::string name = "root/vyr-host";
+  const std::string className = "VYR_HostCheck";
+
+  // A class made through the first answer is found through the second: the provider keeps the
+  // namespace it made.
+  const boost::shared_ptr<ICIMNamespace> first = memory->GetNamespace(name, context);
+  const boost::shared_ptr<ICIMClass> made =
+      first->CreateClass(className, boost::shared_ptr<ICIMClass>(), context);
+  made->Commit(context);
+  const boost::shared_ptr<ICIMNamespace> again = memory->GetNamespace(name, context);
+  const boost::shared_ptr<ICIMClass> found = again->GetClass(className, context);
+  out << "Namespace \"" << name << "\" from the memory provider: class " << className
+      << " created, then found again: " << (found == made ? "yes" : "no") << "\n";
+  Note("vyr-host: used namespace " + name + " of the memory provider");
+}
+
+std::string LastLoggedError() {
+  TLogger* logger = TLogger::GetInstance();
+  if (!logger) return "";
+  const auto& log = logger->GetLog();
+  for (auto entry = log.rbegin(); entry != log.rend(); ++entry)
+    if (entry->fSeverity == ILogger::kLogSeverityError) return entry->fMessage;
+  return "";
+}

@@ -1,0 +1,69 @@
+// vyr-host: starts the way the collector's front end starts, and shows what it found.
+//
+// It makes the logger, finds libvyrcore's own directory, loads every provider and consumer that
+// lies there (the bundled "memory" provider among them), optionally loads collector plug-ins,
+// then lists the registered providers. See PrintUsage for the command line.
+#include <functional>
+#include <iostream>
+
+#include "HostOptions.h"
+#include "HostSteps.h"
+
+using namespace NORXVYR20;
+
+namespace {
+
+// Runs one step; on failure says which step failed, why, and what the library logged about it.
+bool RunStep(const std::string& what, const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const TVYRException& e) {
+    std::cerr << "vyr-host: cannot " << what << ": " << e.what() << "\n";
+    const std::string logged = LastLoggedError();
+    if (!logged.empty()) std::cerr << "vyr-host: " << logged << "\n";
+  } catch (const std::exception& e) {
+    std::cerr << "vyr-host: cannot " << what << ": " << e.what() << "\n";
+  }
+  return false;
+}
+
+int Run(const THostOptions& options) {
+  if (!RunStep("start the log", [&] { StartLogger(options.fLogFile); })) return 1;
+  std::vector<std::unique_ptr<INamespaceConsumer>> consumers;
+  std::vector<std::string> providers;
+  const bool ok =
+      RunStep("find the library directory",
+              [] { std::cout << "Library directory: " << TOSSpecific::GetVYRRootPath() << "\n"; }) &&
+      RunStep("load the providers", [] { LoadProviders(std::cout); }) &&
+      RunStep("load the consumers", [&] { consumers = LoadConsumers(std::cout); }) &&
+      (options.fPluginDir.empty() ||
+       RunStep("load the plug-ins of " + options.fPluginDir,
+               [&] { LoadPlugins(options.fPluginDir, std::cout); })) &&
+      RunStep("list the providers", [&] { providers = ListProviders(std::cout); }) &&
+      RunStep("use the memory provider", [&] { ShowMemoryProvider(providers, std::cout); });
+  consumers.clear();
+  // Destroying the logger writes the log file's closing banner.
+  delete TLogger::GetInstance();
+  return ok ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  int count = 0;
+  char** args = nullptr;
+  TOSSpecific::ExpandCommandLineWildcards(argc, argv, &count, &args);
+  THostOptions options;
+  std::string error;
+  if (!ParseHostOptions(count, args, &options, &error)) {
+    std::cerr << "vyr-host: " << error << "\n";
+    PrintUsage(std::cerr);
+    return 2;
+  }
+  if (options.fHelp) {
+    PrintUsage(std::cout);
+    return 0;
+  }
+  return Run(options);
+}
