@@ -48,11 +48,4 @@ TEST(CIMTypeTest, PrintsTheElementTypeName) {
     EXPECT_VYR_STATUS(TCIMType(type).ToString(), kVYRStatusTypeMismatch);
 }
 
-TEST(CIMTypeTest, ReadableNamesRoundTrip) {
-  for (unsigned int type = 1; type <= 15; ++type) {
-    if (type == TCIMType::kCIMTypeChar16) continue;
-    EXPECT_EQ(static_cast<unsigned int>(TCIMType(TCIMType(type).ToString())), type);
-  }
-}
-
 }  // namespace
