@@ -1,10 +1,11 @@
 // Tests of os/Directories.cpp: CreateDir's statuses from real refusals, and ListDir.
-#include <dirent.h>
 #include <grp.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <filesystem>
 
 #include <vyrcore/OSSpecific.h>
 
@@ -16,9 +17,7 @@ namespace {
 
 TEST(CreateDirTest, CreatesOneDirectoryAndMapsRefusals) {
   vyrtest::ScopedTempDir temp;
-  vyrtest::ScopedUmask mask(027);
   EXPECT_EQ(TOSSpecific::CreateDir(temp / "dir"), 0);
-  EXPECT_EQ(vyrtest::ModeOf(temp / "dir"), 0750u);
   EXPECT_VYR_STATUS(TOSSpecific::CreateDir(temp / "dir"), kVYRStatusDirectoryAlreadyExists);
   // No parents are made.
   EXPECT_VYR_STATUS(TOSSpecific::CreateDir(temp / "missing/dir"), kVYRStatusFileSystemError);
@@ -54,14 +53,9 @@ TEST(ListDirTest, ListsEveryEntryUnsortedAndClosesTheListing) {
   EXPECT_TRUE(TOSSpecific::ListDir(temp.Path()).empty());
   for (const char* name : {"b", ".hidden", "a", "...", "with space", "c"})
     vyrtest::WriteFile(temp / name, "");
-  // The names in the order readdir hands them out, "." and ".." left out.
-  std::vector<std::string> expected;
-  DIR* dir = opendir(temp.Path().c_str());
-  while (const dirent* entry = readdir(dir)) {
-    if (std::string(".") != entry->d_name && std::string("..") != entry->d_name)
-      expected.push_back(entry->d_name);
-  }
-  closedir(dir);
+  std::vector<std::string> expected;  // in the order the file system hands the names out
+  for (const auto& entry : std::filesystem::directory_iterator(temp.Path()))
+    expected.push_back(entry.path().filename());
   const int fdsBefore = vyrtest::OpenFdCount();
   EXPECT_EQ(TOSSpecific::ListDir(temp.Path()), expected);
   EXPECT_EQ(vyrtest::OpenFdCount(), fdsBefore);

@@ -1,6 +1,5 @@
 #include "support/TestSupport.h"
 
-#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,25 +9,20 @@
 #include <ctime>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <stdexcept>
 
 namespace vyrtest {
 
 ScopedEnv::ScopedEnv(const char* name, const char* value) : fName(name) {
-  const char* old = std::getenv(name);
-  fHadValue = old != nullptr;
-  if (old) fOldValue = old;
-  if (value)
-    setenv(name, value, 1);
-  else
-    unsetenv(name);
-  if (fName == "TZ") tzset();
+  if (const char* old = std::getenv(name)) fOldValue = old;
+  Assign(value);
 }
 
-ScopedEnv::~ScopedEnv() {
-  if (fHadValue)
-    setenv(fName.c_str(), fOldValue.c_str(), 1);
+ScopedEnv::~ScopedEnv() { Assign(fOldValue ? fOldValue->c_str() : nullptr); }
+
+void ScopedEnv::Assign(const char* value) {
+  if (value)
+    setenv(fName.c_str(), value, 1);
   else
     unsetenv(fName.c_str());
   if (fName == "TZ") tzset();
@@ -49,7 +43,7 @@ ScopedTempDir::~ScopedTempDir() {
 
 StderrCapture::StderrCapture() {
   char name[] = "/tmp/vyrstderr.XXXXXX";
-  int fd = mkstemp(name);
+  const int fd = mkstemp(name);
   if (fd < 0) throw std::runtime_error("mkstemp failed");
   fFile = name;
   std::fflush(stderr);
@@ -61,12 +55,12 @@ StderrCapture::StderrCapture() {
 StderrCapture::~StderrCapture() { Finish(); }
 
 std::string StderrCapture::Finish() {
-  if (fDone) return "";
-  fDone = true;
+  if (fSavedFd < 0) return "";
   std::fflush(stderr);
   dup2(fSavedFd, 2);
   close(fSavedFd);
-  std::string text = ReadFile(fFile);
+  fSavedFd = -1;
+  const std::string text = ReadFile(fFile);
   unlink(fFile.c_str());
   return text;
 }
@@ -156,9 +150,7 @@ void WriteFile(const std::string& path, const std::string& contents) {
 
 std::string ReadFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 }  // namespace vyrtest

@@ -7,10 +7,10 @@
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
 #include <sys/stat.h>
-#include <sys/types.h>
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,9 +35,9 @@ class ScopedEnv : boost::noncopyable {
   ~ScopedEnv();
 
  private:
+  void Assign(const char* value);
   std::string fName;
-  bool fHadValue;
-  std::string fOldValue;
+  std::optional<std::string> fOldValue;
 };
 
 // A fresh directory, removed with its contents.
@@ -61,9 +61,8 @@ class StderrCapture : boost::noncopyable {
   std::string Finish();
 
  private:
-  int fSavedFd;
+  int fSavedFd;  // -1 once finished
   std::string fFile;
-  bool fDone = false;
 };
 
 // Makes `path` the current directory; throws std::filesystem::filesystem_error when it cannot.
