@@ -2,11 +2,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-
 #include <vyrcore/Logger.h>
 #include <vyrcore/OSSpecific.h>
-#include <vyrcore/RootObject.h>
 
 #include "support/TestSupport.h"
 
@@ -14,148 +11,66 @@ using namespace NORXVYR20;
 
 namespace {
 
-using Severity = ILogger::EVYRLogSeverity;
-
-const std::string kOpened = "-- VYR Log Opened ----------------------------\n";
-const std::string kClosed = "-- VYR Log Closed ----------------------------\n";
+using Log = ILogger;
 
 TEST(LoggerTest, ThresholdDecidesWhatIsKeptAndWritten) {
-  struct Row {
-    Severity threshold;
-    Severity severity;
+  const struct {
+    Log::EVYRLogSeverity threshold, severity;
     bool kept;
     const char* written;  // the line in the file, or "" for none
+    int status;           // thrown by OutputLogEntry, -1 for none
   } rows[] = {
-      {ILogger::kLogSeverityStatus, ILogger::kLogSeverityError, true, "ZUL_[Error] m\n"},
-      {ILogger::kLogSeverityStatus, ILogger::kLogSeverityWarning, true, "ZUL_[Warning] m\n"},
-      {ILogger::kLogSeverityStatus, ILogger::kLogSeverityStatus, true, "ZUL_[Status] m\n"},
-      {ILogger::kLogSeverityStatus, ILogger::kLogSeverityDebug, false, ""},
-      {ILogger::kLogSeverityDebug, ILogger::kLogSeverityDebug, true, "ZUL_[Debug] m\n"},
-      {ILogger::kLogSeverityVerbose, ILogger::kLogSeverityVerbose, false, "ZUL_[Verbose] m\n"},
-      {ILogger::kLogSeverityError, ILogger::kLogSeverityRecordOnly, true, ""},
-      {ILogger::kLogSeverityVerbose, ILogger::kLogSeverityRecordOnly, true, ""},
+      {Log::kLogSeverityStatus, Log::kLogSeverityError, true, "ZUL_[Error] m\n", -1},
+      {Log::kLogSeverityStatus, Log::kLogSeverityWarning, true, "ZUL_[Warning] m\n", -1},
+      {Log::kLogSeverityStatus, Log::kLogSeverityStatus, true, "ZUL_[Status] m\n", -1},
+      {Log::kLogSeverityStatus, Log::kLogSeverityDebug, false, "", -1},
+      {Log::kLogSeverityDebug, Log::kLogSeverityDebug, true, "ZUL_[Debug] m\n", -1},
+      {Log::kLogSeverityVerbose, Log::kLogSeverityVerbose, false, "ZUL_[Verbose] m\n", -1},
+      {Log::kLogSeverityError, Log::kLogSeverityRecordOnly, true, "", -1},
+      // A severity without a tag fails once it passes the threshold; a negative one is kept first.
+      {Log::EVYRLogSeverity(50), Log::EVYRLogSeverity(-1), true, "", kVYRStatusFail},
+      {Log::EVYRLogSeverity(50), Log::EVYRLogSeverity(5), false, "", kVYRStatusFail},
   };
   vyrtest::ScopedTempDir dir;
-  for (const Row& row : rows) {
-    const std::string path = dir / "log.txt";
-    {
-      TLogger logger;
-      logger.SetLogFilename(path);
-      logger.SetLogThreshold(row.threshold);
-      logger.OutputLogEntry(row.severity, "m");
-      EXPECT_EQ(logger.GetLog().size(), row.kept ? 1u : 0u) << row.severity;
-      if (row.kept) {
-        EXPECT_EQ(logger.GetLog().front().fSeverity, row.severity);
-        EXPECT_EQ(logger.GetLog().front().fMessage, "m");
-      }
-    }
-    EXPECT_EQ(vyrtest::ReadFile(path), kOpened + row.written + kClosed) << row.severity;
-  }
-}
-
-TEST(LoggerTest, DefaultsToStatusThresholdAndKeepsEntriesInOrderWithTheirTime) {
-  TLogger logger;
-  EXPECT_EQ(logger.GetLogThreshold(), ILogger::kLogSeverityStatus);
+  const std::string path = dir / "log.txt";
+  vyrtest::WriteFile(path, "an earlier log, truncated\n");
   const TCIMDateTime before = TOSSpecific::GetLocalTime();
-  logger.OutputLogEntry(ILogger::kLogSeverityWarning, "first");
-  logger.OutputLogEntry(ILogger::kLogSeverityDebug, "dropped");
-  logger.OutputLogEntry(ILogger::kLogSeverityError, "second");
-  ASSERT_EQ(logger.GetLog().size(), 2u);
-  EXPECT_EQ(logger.GetLog().front().fMessage, "first");
-  EXPECT_EQ(logger.GetLog().back().fMessage, "second");
-  const TCIMDateTime& stamp = logger.GetLog().front().fTime;
-  EXPECT_FALSE(stamp.IsNull());
-  EXPECT_FALSE(stamp.IsInterval());
-  EXPECT_FALSE(stamp < before);
-
-  logger.GetLog().pop_front();  // the log is the caller's to edit
-  EXPECT_EQ(logger.GetLog().size(), 1u);
-  logger.ClearLog();
-  EXPECT_TRUE(logger.GetLog().empty());
-}
-
-TEST(LoggerTest, WithoutAFileEntriesAreOnlyKeptInMemory) {
-  vyrtest::ScopedTempDir dir;
-  TLogger logger;
-  logger.OutputLogEntry(ILogger::kLogSeverityError, "only in memory");
-  EXPECT_EQ(logger.GetLog().size(), 1u);
-  EXPECT_TRUE(std::filesystem::is_empty(dir.Path()));
-}
-
-TEST(LoggerTest, UnknownSeverityThatPassesTheThresholdThrowsFail) {
-  TLogger logger;
-  logger.SetLogThreshold(static_cast<Severity>(50));
-  // A negative severity is kept in memory before the line is built; 5 and above are not kept.
-  EXPECT_VYR_STATUS(logger.OutputLogEntry(static_cast<Severity>(-1), "neg"), kVYRStatusFail);
-  EXPECT_VYR_STATUS(logger.OutputLogEntry(static_cast<Severity>(5), "five"), kVYRStatusFail);
-  ASSERT_EQ(logger.GetLog().size(), 1u);
-  EXPECT_EQ(logger.GetLog().front().fMessage, "neg");
-
-  logger.SetLogThreshold(ILogger::kLogSeverityVerbose);
-  logger.OutputLogEntry(static_cast<Severity>(5), "filtered out, so no error");
-}
-
-TEST(LoggerTest, EachFileNameStartsAFreshFile) {
-  vyrtest::ScopedTempDir dir;
-  const std::string first = dir / "first.log";
-  const std::string second = dir / "second.log";
-  vyrtest::WriteFile(second, "old contents\n");
+  std::string expected = "-- VYR Log Opened ----------------------------\n";
   {
     TLogger logger;
-    logger.SetLogFilename(first);
-    logger.OutputLogEntry(ILogger::kLogSeverityError, "one");
-    logger.SetLogFilename(second);
-    logger.OutputLogEntry(ILogger::kLogSeverityError, "two");
-    // Flushed per entry: complete before the logger goes.
-    EXPECT_EQ(vyrtest::ReadFile(second), kOpened + "ZUL_[Error] two\n");
-  }
-  EXPECT_EQ(vyrtest::ReadFile(first), kOpened + "ZUL_[Error] one\n");
-  EXPECT_EQ(vyrtest::ReadFile(second), kOpened + "ZUL_[Error] two\n" + kClosed);
-}
-
-TEST(LoggerTest, UnopenableFileThrowsAndKeepsTheNameAndTheMemoryLog) {
-  vyrtest::ScopedTempDir dir;
-  TLogger logger;
-  EXPECT_VYR_STATUS(logger.SetLogFilename(dir / "missing/log.txt"), kVYRStatusFileSystemError);
-  logger.OutputLogEntry(ILogger::kLogSeverityError, "still kept");
-  EXPECT_EQ(logger.GetLog().size(), 1u);
-  EXPECT_FALSE(std::filesystem::exists(dir / "missing/log.txt"));
-}
-
-// Status of SetLogFilename(path) as a process exit code: 0 when it throws kVYRStatusAccessDenied.
-int AccessDeniedExitCode(const std::string& path) {
-  try {
-    TLogger logger;
+    EXPECT_EQ(logger.GetLogThreshold(), Log::kLogSeverityStatus);
+    // A name that cannot be opened throws; the logger goes on with the next one.
+    EXPECT_VYR_STATUS(logger.SetLogFilename(dir / "missing/log.txt"), kVYRStatusFileSystemError);
     logger.SetLogFilename(path);
-  } catch (const TVYRException& e) {
-    return e.GetStatusCode() == kVYRStatusAccessDenied ? 0 : 10 + e.GetStatusCode().GetCode();
+    for (const auto& row : rows) {
+      SCOPED_TRACE(row.severity);
+      const std::size_t keptBefore = logger.GetLog().size();
+      logger.SetLogThreshold(row.threshold);
+      EXPECT_EQ(vyrtest::StatusThrownBy([&] { logger.OutputLogEntry(row.severity, "m"); }),
+                row.status);
+      EXPECT_EQ(logger.GetLog().size(), keptBefore + (row.kept ? 1 : 0));
+      if (row.kept) {
+        EXPECT_EQ(logger.GetLog().back().fSeverity, row.severity);  // appended in order
+      }
+      expected += row.written;
+      EXPECT_EQ(vyrtest::ReadFile(path), expected);  // flushed entry by entry
+    }
+    EXPECT_FALSE(logger.GetLog().front().fTime < before);
   }
-  return 1;
+  EXPECT_EQ(vyrtest::ReadFile(path), expected + "-- VYR Log Closed ----------------------------\n");
 }
 
-TEST(LoggerTest, PermissionErrorThrowsAccessDenied) {
+TEST(LoggerTest, PermissionRefusalIsAccessDenied) {
   vyrtest::ScopedTempDir dir;
-  chmod(dir.Path().c_str(), 0755);
-  const std::string path = dir / "locked.log";
-  vyrtest::WriteFile(path, "");
-  chmod(path.c_str(), 0444);
-  if (geteuid() != 0) {
-    EXPECT_EQ(AccessDeniedExitCode(path), 0);
-    return;
-  }
+  ASSERT_EQ(chmod(dir.Path().c_str(), 0755), 0);
+  vyrtest::WriteFile(dir / "locked.log", "");
+  ASSERT_EQ(chmod((dir / "locked.log").c_str(), 0444), 0);
   // Permission bits do not refuse root: the refusal is provoked in a child that gave up root.
-  EXPECT_EXIT(
-      {
-        if (setgid(65534) != 0 || setuid(65534) != 0) std::_Exit(2);
-        std::_Exit(AccessDeniedExitCode(path));
-      },
-      ::testing::ExitedWithCode(0), "");
-}
-
-TEST(LoggerTest, CoreLoggerIsTheInitialisedInstance) {
-  ILogger& core = vyrtest::CoreLog();
-  EXPECT_EQ(&core, TRootObject::GetCoreLogger());
-  EXPECT_EQ(TRootObject::GetCoreLogger(), TLogger::GetInstance());
+  const int status = vyrtest::RunInChild([&] {
+    if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) return 77;
+    return vyrtest::StatusThrownBy([&] { TLogger().SetLogFilename(dir / "locked.log"); });
+  });
+  EXPECT_EQ(status, kVYRStatusAccessDenied);
 }
 
 }  // namespace

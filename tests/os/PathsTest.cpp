@@ -13,10 +13,8 @@ TEST(PathsTest, RelocateRelativePath) {
     const char* path;
     const char* expected;
   } cases[] = {
-      {"/a", "b", "/a/b"},   {"/a/", "b", "/a/b"},  {"/a", "/b", "/b"},       {"/a/", "/b", "/b"},
-      {"", "b", "b"},        {"", "/b", "/b"},      {"", "", ""},             {"/a", "", "/a/"},
-      {"/a/", "", "/a/"},    {"a", "b/c", "a/b/c"}, {"/", "b", "/b"},         {"a", "./b", "a/./b"},
-      {"/a//", "b", "/a//b"}, {"/a", "b/", "/a/b/"},
+      {"/a", "b", "/a/b"}, {"/a/", "b", "/a/b"}, {"/a", "/b", "/b"},     {"", "b", "b"},
+      {"", "", ""},        {"/a", "", "/a/"},    {"a", "./b", "a/./b"}, {"/a//", "b", "/a//b"},
   };
   for (const auto& c : cases)
     EXPECT_EQ(TOSSpecific::RelocateRelativePath(c.base, c.path), c.expected)

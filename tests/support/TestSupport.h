@@ -1,73 +1,59 @@
 // TestSupport.h: assertions and scoped helpers that speak the library's contract.
 //
-// EXPECT_VYR_STATUS(stmt, code) checks that stmt throws TVYRException carrying code. ScopedEnv
-// sets or unsets one environment variable for a scope (and re-reads the zone for TZ).
-// ScopedTempDir makes a fresh directory and removes it with its contents. StderrCapture collects
-// what the process writes to file descriptor 2. OpenFdCount counts /proc/self/fd to show that
-// nothing leaks. CoreLog() gives the process's core logger (made on first use) with an empty
-// in-memory log; LoggedMessages() lists what was kept since. ScopedUmask and ScopedFdRedirect
-// change the process's file-creation mask or one descriptor for a scope, ScopedCurrentDir the
-// current directory. RunInChild runs what must not touch the test process (namespaces, user ids)
-// in a forked child; StatusThrownBy turns a call's TVYRException into a number it can report.
-// RunProgram runs a program to its end and returns its exit status with everything it wrote to
-// standard output and standard error.
+// Each Scoped* class changes one piece of process state for a scope and puts it back when the
+// scope ends; none can be copied. The helpers throw std::runtime_error when the system refuses
+// what they need. One thread at a time.
 #ifndef VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 #define VYRCORE_TESTS_SUPPORT_TESTSUPPORT_H
 
-#include <sys/types.h>
+#include <sys/stat.h>
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include <boost/noncopyable.hpp>
 #include <gtest/gtest.h>
 
 #include <vyrcore/Logger.h>
 #include <vyrcore/Status.h>
 
-#define EXPECT_VYR_STATUS(stmt, code)                                                   \
-  do {                                                                                 \
-    bool vyr_thrown_ = false;                                                          \
-    try {                                                                              \
-      stmt;                                                                            \
-    } catch (const ::NORXVYR20::TVYRException& vyr_e_) {                               \
-      vyr_thrown_ = true;                                                              \
-      EXPECT_EQ(vyr_e_.GetStatusCode(), ::NORXVYR20::TVYRStatusCode(code)) << #stmt;   \
-    }                                                                                  \
-    EXPECT_TRUE(vyr_thrown_) << #stmt << " did not throw TVYRException";               \
-  } while (0)
+// Checks that stmt throws TVYRException carrying code (-1 in the message: it did not throw).
+#define EXPECT_VYR_STATUS(stmt, code)                                          \
+  EXPECT_EQ(::vyrtest::StatusThrownBy([&] { stmt; }),                           \
+            ::NORXVYR20::TVYRStatusCode(code).GetCode())                       \
+      << #stmt
 
 namespace vyrtest {
 
-class ScopedEnv {
+// Sets (or, for nullptr, unsets) one environment variable; re-reads the zone for TZ.
+class ScopedEnv : boost::noncopyable {
  public:
-  // value == nullptr unsets the variable.
   ScopedEnv(const char* name, const char* value);
   ~ScopedEnv();
-  ScopedEnv(const ScopedEnv&) = delete;
-  ScopedEnv& operator=(const ScopedEnv&) = delete;
 
  private:
+  void Assign(const char* value);
   std::string fName;
-  bool fHadValue;
-  std::string fOldValue;
+  std::optional<std::string> fOldValue;
 };
 
-class ScopedTempDir {
+// A fresh directory, removed with its contents.
+class ScopedTempDir : boost::noncopyable {
  public:
   ScopedTempDir();
   ~ScopedTempDir();
-  ScopedTempDir(const ScopedTempDir&) = delete;
-  ScopedTempDir& operator=(const ScopedTempDir&) = delete;
   const std::string& Path() const { return fPath; }
-  // Path() + "/" + name.
   std::string operator/(const std::string& name) const { return fPath + "/" + name; }
 
  private:
   std::string fPath;
 };
 
-class StderrCapture {
+// Collects what the process writes to descriptor 2.
+class StderrCapture : boost::noncopyable {
  public:
   StderrCapture();
   ~StderrCapture();
@@ -75,65 +61,61 @@ class StderrCapture {
   std::string Finish();
 
  private:
-  int fSavedFd;
+  int fSavedFd;  // -1 once finished
   std::string fFile;
-  bool fDone = false;
 };
 
-class ScopedCurrentDir {
+// Makes `path` the current directory; throws std::filesystem::filesystem_error when it cannot.
+class ScopedCurrentDir : boost::noncopyable {
  public:
-  // Throws std::runtime_error when the directory cannot be entered.
-  explicit ScopedCurrentDir(const std::string& path);
-  ~ScopedCurrentDir();
-  ScopedCurrentDir(const ScopedCurrentDir&) = delete;
-  ScopedCurrentDir& operator=(const ScopedCurrentDir&) = delete;
+  explicit ScopedCurrentDir(const std::string& path) : fOldPath(std::filesystem::current_path()) {
+    std::filesystem::current_path(path);
+  }
+  ~ScopedCurrentDir() {
+    std::error_code ignored;
+    std::filesystem::current_path(fOldPath, ignored);
+  }
 
  private:
-  int fSavedFd;
+  std::filesystem::path fOldPath;
 };
 
-int OpenFdCount();
-
-struct ProgramResult {
-  int exitStatus;      // the exit code, or 128 + signal number when a signal ended it
-  std::string output;  // standard output and standard error, interleaved
-};
-ProgramResult RunProgram(const std::vector<std::string>& argv);
-
-NORXVYR20::ILogger& CoreLog();
-std::vector<std::string> LoggedMessages();
-
-class ScopedUmask {
+// Sets the process's file-creation mask.
+class ScopedUmask : boost::noncopyable {
  public:
-  explicit ScopedUmask(mode_t mask);
-  ~ScopedUmask();
-  ScopedUmask(const ScopedUmask&) = delete;
-  ScopedUmask& operator=(const ScopedUmask&) = delete;
+  explicit ScopedUmask(mode_t mask) : fOldMask(umask(mask)) {}
+  ~ScopedUmask() { umask(fOldMask); }
 
  private:
   mode_t fOldMask;
 };
 
-// Puts `path`, opened with `flags`, on descriptor fd; restores the original descriptor (even if
-// the code under test closed fd meanwhile) when the scope ends.
-class ScopedFdRedirect {
- public:
-  ScopedFdRedirect(int fd, const std::string& path, int flags);
-  ~ScopedFdRedirect();
-  ScopedFdRedirect(const ScopedFdRedirect&) = delete;
-  ScopedFdRedirect& operator=(const ScopedFdRedirect&) = delete;
+// The descriptors open in this process, counted in /proc/self/fd, to show that nothing leaks.
+int OpenFdCount();
 
- private:
-  int fFd;
-  int fSavedFd;
+// The permission bits of a path (after links), 0 when it cannot be queried.
+mode_t ModeOf(const std::string& path);
+
+// Runs a program to its end: its exit code (128 + the signal number when a signal ended it) and
+// its standard output and standard error, interleaved.
+struct ProgramResult {
+  int exitStatus;
+  std::string output;
 };
+ProgramResult RunProgram(const std::vector<std::string>& argv);
 
-// Runs body in a forked child that leaves with _exit(body()), and returns the child's exit
-// status; -1 when it died of a signal, 254 when body threw.
+// Runs what must not touch the test process (namespaces, user ids, descriptor 0) in a forked
+// child that leaves with _exit(body()); returns its exit status, -1 when a signal ended it and
+// 254 when body threw.
 int RunInChild(const std::function<int()>& body);
 
 // The status code of the TVYRException that call throws; -1 when it returns normally.
 int StatusThrownBy(const std::function<void()>& call);
+
+// The process's core logger (made on first use) with an empty in-memory log, and the messages
+// it kept since.
+NORXVYR20::ILogger& CoreLog();
+std::vector<std::string> LoggedMessages();
 
 // Writes a whole file (truncating); reads a whole file ("" when missing).
 void WriteFile(const std::string& path, const std::string& contents);
