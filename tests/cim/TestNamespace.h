@@ -8,6 +8,7 @@
 #define VYRCORE_TESTS_CIM_TESTNAMESPACE_H
 
 #include <string>
+#include <vector>
 
 #include <vyrcore/CIMObjectModel.h>
 
@@ -15,12 +16,16 @@ namespace vyrtest {
 
 boost::shared_ptr<NORXVYR20::ICIMNamespace> MakeTestNamespace(const std::string& name = "test");
 
-// The committed class of that name.
-boost::shared_ptr<NORXVYR20::ICIMClass> ClassOf(
-    const boost::shared_ptr<NORXVYR20::ICIMNamespace>& cimNamespace, const std::string& name);
+// Commits one more CIM_Foo instance.
+boost::shared_ptr<NORXVYR20::ICIMInstance> AddFoo(NORXVYR20::ICIMNamespace& cimNamespace,
+                                                  unsigned int id, const char* tag);
 
 // An empty context to pass to the object-model operations.
 NORXVYR20::TCIMContext& NoContext();
+
+// "name=value" per key binding, in the order the reference enumerates them, values in their
+// radix-10 text form; the enumeration is told to stop after `limit` bindings.
+std::vector<std::string> Bindings(const NORXVYR20::TCIMReference& reference, unsigned limit = 99);
 
 }  // namespace vyrtest
 
