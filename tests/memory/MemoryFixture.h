@@ -1,16 +1,11 @@
-// MemoryFixture.h: a fresh in-memory namespace per test, with shorthands to build a schema in it
-// and to collect what an enumeration delivers.
+// MemoryFixture.h: a fresh in-memory namespace per test, and shorthands to build and list in it.
 #ifndef VYRCORE_TESTS_MEMORY_MEMORYFIXTURE_H
 #define VYRCORE_TESTS_MEMORY_MEMORYFIXTURE_H
 
-#include <cstddef>
-#include <functional>
-#include <limits>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include <vyrcore/vyrcore.h>
 #include <vyrcore/vyrmemory.h>
@@ -19,49 +14,68 @@
 
 namespace vyrtest {
 
-using NORXVYR20::ICIMClass;
-using NORXVYR20::ICIMInstance;
-using NORXVYR20::ICIMNamespace;
-using NORXVYR20::TCIMContext;
-using NORXVYR20::TCIMValue;
+using namespace NORXVYR20;
 
+typedef TCIMValue::TCIMType Type;
 typedef std::vector<std::pair<std::string, TCIMValue>> Properties;
-
-// Runs an enumeration with a callback that keeps each element and asks to stop once it holds
-// `stopAfter` of them.
-template <typename X>
-std::vector<boost::shared_ptr<X>> Collect(
-    const std::function<void(boost::function<bool(boost::shared_ptr<X>)>&)>& enumerate,
-    std::size_t stopAfter = std::numeric_limits<std::size_t>::max()) {
-  std::vector<boost::shared_ptr<X>> seen;
-  boost::function<bool(boost::shared_ptr<X>)> callback = [&seen,
-                                                          stopAfter](boost::shared_ptr<X> x) {
-    seen.push_back(x);
-    return seen.size() < stopAfter;
-  };
-  enumerate(callback);
-  return seen;
-}
+typedef std::vector<std::string> Labels;
 
 class MemoryTest : public ::testing::Test {
  protected:
   // A class with property declarations (name and default value), committed unless told not to.
   boost::shared_ptr<ICIMClass> MakeClass(const std::string& name,
                                          boost::shared_ptr<ICIMClass> superclass = {},
-                                         const Properties& properties = {}, bool commit = true);
+                                         const Properties& properties = {}, bool commit = true) {
+    boost::shared_ptr<ICIMClass> cimClass = fNamespace->CreateClass(name, superclass, fContext);
+    for (const auto& p : properties) cimClass->CreatePropertyDecl(p.first, p.second, fContext);
+    if (commit) cimClass->Commit(fContext);
+    return cimClass;
+  }
+
   // An instance with values set, committed unless told not to.
   boost::shared_ptr<ICIMInstance> MakeInstance(const boost::shared_ptr<ICIMClass>& cimClass,
-                                               const Properties& values, bool commit = true);
-  // Attaches a qualifier, declaring it in the namespace first when needed.
-  void Qualify(const boost::shared_ptr<ICIMClass>& cimClass, const std::string& name,
-               const TCIMValue& value);
+                                               const Properties& values, bool commit = true) {
+    boost::shared_ptr<ICIMInstance> instance = cimClass->CreateInstance(fContext);
+    for (const auto& v : values) instance->SetPropertyValue(v.first, v.second, fContext);
+    if (commit) instance->Commit(fContext);
+    return instance;
+  }
 
-  std::vector<std::string> Names(const std::vector<boost::shared_ptr<ICIMClass>>& classes);
-  // The values of one property of each instance, as text.
-  std::vector<std::string> Values(const std::vector<boost::shared_ptr<ICIMInstance>>& instances,
-                                  const std::string& property);
+  // The path <class>.<bindings> in this namespace.
+  TCIMReference Path(const boost::shared_ptr<ICIMClass>& cimClass, const Properties& bindings) {
+    TCIMReference path(fNamespace, TCIMContext());
+    path.SetClass(cimClass);
+    for (const auto& binding : bindings) path.AddKeyValue(binding.first, binding.second);
+    return path;
+  }
 
-  boost::shared_ptr<ICIMNamespace> fNamespace = NORXVYR20::TMemoryNamespace::Create("root/test");
+  // Labels: a class's name, an instance's Id, a declaration's or a property's name=value.
+  std::string Label(const boost::shared_ptr<ICIMClass>& x) { return x->GetName(fContext); }
+  std::string Label(const boost::shared_ptr<ICIMInstance>& x) {
+    return x->GetProperty("Id", fContext)->GetValue().ToString();
+  }
+  std::string Label(const boost::shared_ptr<ICIMPropertyDecl>& x) {
+    return x->GetName() + "=" + x->GetDefaultValue().ToString();
+  }
+  std::string Label(const boost::shared_ptr<ICIMProperty>& x) {
+    return x->GetName() + "=" + x->GetValue().ToString();
+  }
+
+  // The labels of what (object.*enumerate)(callback, args..., fContext) delivers until stopAfter.
+  template <typename X, typename Object, typename... Params, typename... Args>
+  Labels Listed(std::size_t stopAfter, Object& object,
+                void (Object::*enumerate)(boost::function<bool(boost::shared_ptr<X>)>&, Params...),
+                Args... args) {
+    Labels seen;
+    boost::function<bool(boost::shared_ptr<X>)> callback = [&](boost::shared_ptr<X> x) {
+      seen.push_back(Label(x));
+      return seen.size() < stopAfter;
+    };
+    (object.*enumerate)(callback, args..., fContext);
+    return seen;
+  }
+
+  boost::shared_ptr<ICIMNamespace> fNamespace = TMemoryNamespace::Create("root/test");
   TCIMContext fContext;
 };
 
