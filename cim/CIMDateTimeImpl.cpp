@@ -33,16 +33,12 @@ TCIMDateTimeImpl::TCIMDateTimeImpl(unsigned short year, unsigned short month, un
                                    unsigned short hour, unsigned short minute,
                                    unsigned short second, unsigned int microseconds,
                                    short utcOffset) {
-  fIsNull = false;
-  fIsInterval = false;
   Set(year, month, day, hour, minute, second, microseconds, utcOffset);
 }
 
 TCIMDateTimeImpl::TCIMDateTimeImpl(unsigned int days, unsigned short hours,
                                    unsigned short minutes, unsigned short seconds,
                                    unsigned int microseconds) {
-  fIsNull = false;
-  fIsInterval = true;
   Set(days, hours, minutes, seconds, microseconds);
 }
 
@@ -87,27 +83,27 @@ void TCIMDateTimeImpl::Set(unsigned short year, unsigned short month, unsigned i
     detail::Fail(kVYRStatusInvalidDateTime);
   fYear = year;
   fMonth = month;
-  fDay = day;
-  fHour = hour;
-  fMinute = minute;
-  fSecond = second;
-  fMicroSeconds = microseconds;
   fUTCOffset = utcOffset;
-  fIsNull = false;
-  fIsInterval = false;
+  StoreDayAndTime(day, hour, minute, second, microseconds, false);
 }
 
 void TCIMDateTimeImpl::Set(unsigned int days, unsigned short hours, unsigned short minutes,
                            unsigned short seconds, unsigned int microseconds) {
   if (!IsValid(days, hours, minutes, seconds, microseconds)) detail::Fail(kVYRStatusInvalidDateTime);
   // Year, month and UTC offset keep whatever they held: nothing reads them on an interval.
-  fDay = days;
-  fHour = hours;
-  fMinute = minutes;
-  fSecond = seconds;
+  StoreDayAndTime(days, hours, minutes, seconds, microseconds, true);
+}
+
+void TCIMDateTimeImpl::StoreDayAndTime(unsigned int day, unsigned short hour,
+                                       unsigned short minute, unsigned short second,
+                                       unsigned int microseconds, bool isInterval) {
+  fDay = day;
+  fHour = hour;
+  fMinute = minute;
+  fSecond = second;
   fMicroSeconds = microseconds;
   fIsNull = false;
-  fIsInterval = true;
+  fIsInterval = isInterval;
 }
 
 void TCIMDateTimeImpl::Set(const std::string& text) {

@@ -34,47 +34,48 @@ bool RealEqual(Real left, Real right) {
 
 }  // namespace
 
-TCIMNumericValueImpl::TCIMNumericValueImpl(bool value) : fType(TCIMType::kCIMTypeBoolean) {
-  fDatum.fUInt64 = 0;
+// Each constructor zeroes all eight bytes of the datum first, so that no body carries stray bytes
+// beyond its own type.
+TCIMNumericValueImpl::TCIMNumericValueImpl(bool value)
+    : fType(TCIMType::kCIMTypeBoolean), fDatum() {
   fDatum.fBool = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned char value) : fType(TCIMType::kCIMTypeUInt8) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned char value)
+    : fType(TCIMType::kCIMTypeUInt8), fDatum() {
   fDatum.fUInt8 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(signed char value) : fType(TCIMType::kCIMTypeSInt8) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(signed char value)
+    : fType(TCIMType::kCIMTypeSInt8), fDatum() {
   fDatum.fSInt8 = value;
 }
 TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned short value)
-    : fType(TCIMType::kCIMTypeUInt16) {
-  fDatum.fUInt64 = 0;
+    : fType(TCIMType::kCIMTypeUInt16), fDatum() {
   fDatum.fUInt16 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(short value) : fType(TCIMType::kCIMTypeSInt16) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(short value)
+    : fType(TCIMType::kCIMTypeSInt16), fDatum() {
   fDatum.fSInt16 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned int value) : fType(TCIMType::kCIMTypeUInt32) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned int value)
+    : fType(TCIMType::kCIMTypeUInt32), fDatum() {
   fDatum.fUInt32 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(int value) : fType(TCIMType::kCIMTypeSInt32) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(int value) : fType(TCIMType::kCIMTypeSInt32), fDatum() {
   fDatum.fSInt32 = value;
 }
 TCIMNumericValueImpl::TCIMNumericValueImpl(unsigned long value)
-    : fType(TCIMType::kCIMTypeUInt64) {
+    : fType(TCIMType::kCIMTypeUInt64), fDatum() {
   fDatum.fUInt64 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(long value) : fType(TCIMType::kCIMTypeSInt64) {
+TCIMNumericValueImpl::TCIMNumericValueImpl(long value) : fType(TCIMType::kCIMTypeSInt64), fDatum() {
   fDatum.fSInt64 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(float value) : fType(TCIMType::kCIMTypeReal32) {
-  fDatum.fUInt64 = 0;
+TCIMNumericValueImpl::TCIMNumericValueImpl(float value)
+    : fType(TCIMType::kCIMTypeReal32), fDatum() {
   fDatum.fReal32 = value;
 }
-TCIMNumericValueImpl::TCIMNumericValueImpl(double value) : fType(TCIMType::kCIMTypeReal64) {
+TCIMNumericValueImpl::TCIMNumericValueImpl(double value)
+    : fType(TCIMType::kCIMTypeReal64), fDatum() {
   fDatum.fReal64 = value;
 }
 
@@ -138,55 +139,49 @@ std::string TCIMNumericValueImpl::ToString(unsigned char radix) const {
     text << std::oct << std::setfill('0');
   else if (radix != 10)
     detail::Fail(kVYRStatusNotSupported);
-  const bool hex = radix == 16;
+  // Unsigned integers: the width applies to hexadecimal text only.
+  const auto hexWidth = [radix](int digits) { return std::setw(radix == 16 ? digits : 0); };
+  // Signed and real numbers: decimal only.
+  const auto decimal = [radix, &text]() -> std::ostream& {
+    if (radix != 10) detail::Fail(kVYRStatusNotSupported);
+    return text;
+  };
 
   switch (fType) {
     case TCIMType::kCIMTypeBoolean:
       return fDatum.fBool ? "true" : "false";
     case TCIMType::kCIMTypeUInt8:
-      text << std::setw(hex ? 2 : 0) << static_cast<unsigned int>(fDatum.fUInt8);
-      return text.str();
+      text << hexWidth(2) << static_cast<unsigned int>(fDatum.fUInt8);
+      break;
     case TCIMType::kCIMTypeUInt16:
-      text << std::setw(hex ? 4 : 0) << fDatum.fUInt16;
-      return text.str();
+      text << hexWidth(4) << fDatum.fUInt16;
+      break;
     case TCIMType::kCIMTypeUInt32:
-      text << std::setw(hex ? 8 : 0) << fDatum.fUInt32;
-      return text.str();
+      text << hexWidth(8) << fDatum.fUInt32;
+      break;
     case TCIMType::kCIMTypeUInt64:
-      text << std::setw(hex ? 16 : 0) << fDatum.fUInt64;
-      return text.str();
+      text << hexWidth(16) << fDatum.fUInt64;
+      break;
     case TCIMType::kCIMTypeSInt8:
+      decimal() << static_cast<int>(fDatum.fSInt8);
+      break;
     case TCIMType::kCIMTypeSInt16:
+      decimal() << fDatum.fSInt16;
+      break;
     case TCIMType::kCIMTypeSInt32:
+      decimal() << fDatum.fSInt32;
+      break;
     case TCIMType::kCIMTypeSInt64:
+      decimal() << fDatum.fSInt64;
+      break;
     case TCIMType::kCIMTypeReal32:
+      decimal() << fDatum.fReal32;
+      break;
     case TCIMType::kCIMTypeReal64:
+      decimal() << fDatum.fReal64;
       break;
     default:
       FailUnsupportedType(fType);
-  }
-
-  // Signed and real numbers: decimal only.
-  if (radix != 10) detail::Fail(kVYRStatusNotSupported);
-  switch (fType) {
-    case TCIMType::kCIMTypeSInt8:
-      text << static_cast<int>(fDatum.fSInt8);
-      break;
-    case TCIMType::kCIMTypeSInt16:
-      text << fDatum.fSInt16;
-      break;
-    case TCIMType::kCIMTypeSInt32:
-      text << fDatum.fSInt32;
-      break;
-    case TCIMType::kCIMTypeSInt64:
-      text << fDatum.fSInt64;
-      break;
-    case TCIMType::kCIMTypeReal32:
-      text << fDatum.fReal32;
-      break;
-    default:
-      text << fDatum.fReal64;
-      break;
   }
   return text.str();
 }

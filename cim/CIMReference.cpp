@@ -6,6 +6,17 @@
 
 namespace NORXVYR20 {
 
+namespace {
+
+// A copy of body that belongs to owner.
+std::unique_ptr<TCIMReferenceImpl> OwnedCopy(const TCIMReferenceImpl& body, TCIMReference& owner) {
+  std::unique_ptr<TCIMReferenceImpl> copy(new TCIMReferenceImpl(body));
+  copy->SetOwner(owner);
+  return copy;
+}
+
+}  // namespace
+
 TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> cimNamespace,
                              std::map<std::string, TCIMValue> context)
     : fBody(new TCIMReferenceImpl(*this, cimNamespace, std::move(context))) {}
@@ -17,14 +28,10 @@ TCIMReference::TCIMReference(boost::shared_ptr<ICIMNamespace> cimNamespace,
 }
 
 TCIMReference::TCIMReference(const TCIMReference& other)
-    : fBody(new TCIMReferenceImpl(*other.fBody)) {
-  fBody->SetOwner(*this);
-}
+    : fBody(OwnedCopy(*other.fBody, *this)) {}
 
 TCIMReference& TCIMReference::operator=(const TCIMReference& other) {
-  std::unique_ptr<TCIMReferenceImpl> body(new TCIMReferenceImpl(*other.fBody));
-  body->SetOwner(*this);
-  fBody = std::move(body);
+  fBody = OwnedCopy(*other.fBody, *this);
   return *this;
 }
 

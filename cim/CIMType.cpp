@@ -17,20 +17,6 @@ const char* const kTypeNames[] = {nullptr,  "boolean", "uint8",  "sint8",  "uint
                                   "uint32", "sint32",  "uint64", "sint64", "real32", "real64",
                                   "char",   "string",  "datetime", "reference"};
 
-// The names a type can be read from, in the order they are tried.
-const struct {
-  const char* fName;
-  TCIMType::ECIMType fType;
-} kReadableNames[] = {
-    {"uint8", TCIMType::kCIMTypeUInt8},       {"sint8", TCIMType::kCIMTypeSInt8},
-    {"uint16", TCIMType::kCIMTypeUInt16},     {"sint16", TCIMType::kCIMTypeSInt16},
-    {"uint32", TCIMType::kCIMTypeUInt32},     {"sint32", TCIMType::kCIMTypeSInt32},
-    {"uint64", TCIMType::kCIMTypeUInt64},     {"sint64", TCIMType::kCIMTypeSInt64},
-    {"real32", TCIMType::kCIMTypeReal32},     {"real64", TCIMType::kCIMTypeReal64},
-    {"string", TCIMType::kCIMTypeString},     {"boolean", TCIMType::kCIMTypeBoolean},
-    {"datetime", TCIMType::kCIMTypeDateTime}, {"reference", TCIMType::kCIMTypeReference},
-};
-
 }  // namespace
 
 TCIMType::TCIMType(ECIMType type) : fType(type) {}
@@ -39,9 +25,9 @@ TCIMType::TCIMType(unsigned int type) : fType(type) {}
 
 TCIMType::TCIMType(std::string name) : fType(kCIMTypeNull) {
   for (char& c : name) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  for (const auto& entry : kReadableNames) {
-    if (name == entry.fName) {
-      fType = entry.fType;
+  for (std::uint32_t type = kCIMTypeBoolean; type <= kCIMTypeReference; ++type) {
+    if (type != kCIMTypeChar16 && name == kTypeNames[type]) {
+      fType = type;
       return;
     }
   }

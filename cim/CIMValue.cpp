@@ -28,11 +28,28 @@ TCIMValueImpl* CopyBody(const TCIMValueImpl& body) {
   return new Body(*typed);
 }
 
+typedef TCIMValueImpl* (*TBodyCopier)(const TCIMValueImpl&);
+
+// How a body of the type is copied; null for types 0 and 12, which have no body kind.
+TBodyCopier CopierFor(std::uint32_t type) {
+  if (type & kArrayBit) return &CopyBody<TCIMArrayValueImpl>;
+  if (type >= TCIMType::kCIMTypeBoolean && type <= TCIMType::kCIMTypeReal64)
+    return &CopyBody<TCIMNumericValueImpl>;
+  switch (type) {
+    case TCIMType::kCIMTypeString: return &CopyBody<TCIMStringValueImpl>;
+    case TCIMType::kCIMTypeDateTime: return &CopyBody<TCIMDateTimeValueImpl>;
+    case TCIMType::kCIMTypeReference: return &CopyBody<TCIMReferenceValueImpl>;
+    default: return nullptr;
+  }
+}
+
 }  // namespace
 
 template <typename Body, typename Argument>
 void TCIMValue::Install(TCIMType::ECIMType type, const Argument& value) {
   fType = type;
+  // The old body goes before the new one is built, so a body that cannot be built (a null
+  // const char*, say) leaves the value null of its new type, never the old body under that type.
   fBody.reset();
   fBody.reset(new Body(value));
 }
@@ -77,33 +94,22 @@ void TCIMValue::Set(const TCIMValue& other) {
   // Equal values exchange nothing, not even the referenced class or the bound.
   if (*this == other) return;
 
-  // The copy is made before the old body goes, so that a value can be set from itself (a NaN is
-  // not equal to itself) or from one of its own elements.
-  std::unique_ptr<TCIMValueImpl> body;
-  boost::shared_ptr<ICIMClass> referencedClass = fReferencedClass;
-  const std::uint32_t type = other.fType;
-  bool copyable = true;
-  if (type & kArrayBit) {
-    if (other.fBody) body.reset(CopyBody<TCIMArrayValueImpl>(*other.fBody));
-  } else if (type >= TCIMType::kCIMTypeBoolean && type <= TCIMType::kCIMTypeReal64) {
-    if (other.fBody) body.reset(CopyBody<TCIMNumericValueImpl>(*other.fBody));
-  } else if (type == TCIMType::kCIMTypeString) {
-    if (other.fBody) body.reset(CopyBody<TCIMStringValueImpl>(*other.fBody));
-  } else if (type == TCIMType::kCIMTypeDateTime) {
-    if (other.fBody) body.reset(CopyBody<TCIMDateTimeValueImpl>(*other.fBody));
-  } else if (type == TCIMType::kCIMTypeReference) {
-    referencedClass = other.fReferencedClass;
-    if (other.fBody) body.reset(CopyBody<TCIMReferenceValueImpl>(*other.fBody));
-  } else {
-    copyable = false;
-  }
+  // Everything is taken from other before the old body goes: other may be this value itself (a
+  // NaN is not equal to itself) or one of its own elements, which die with that body.
+  const TCIMType type = other.fType;
+  const TBodyCopier copy = CopierFor(type);
+  std::unique_ptr<TCIMValueImpl> body(copy && other.fBody ? copy(*other.fBody) : nullptr);
+  // Only arrays copy the bound and only references the referenced class.
+  const unsigned int maxArraySize = (type & kArrayBit) ? other.fMaxArraySize : fMaxArraySize;
+  boost::shared_ptr<ICIMClass> referencedClass =
+      type == TCIMType::kCIMTypeReference ? other.fReferencedClass : fReferencedClass;
 
   fBody.reset();
-  fType = other.fType;
+  fType = type;
   // Types 0 and 12 have no body kind to copy; the old body is gone by now, which callers see.
-  if (!copyable) detail::Fail(kVYRStatusTypeMismatch);
-  if (type & kArrayBit) fMaxArraySize = other.fMaxArraySize;
-  fReferencedClass = referencedClass;
+  if (!copy) detail::Fail(kVYRStatusTypeMismatch);
+  fMaxArraySize = maxArraySize;
+  fReferencedClass = std::move(referencedClass);
   fBody = std::move(body);
 }
 

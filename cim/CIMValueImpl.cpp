@@ -15,6 +15,18 @@ typedef TCIMValue::TCIMType TCIMType;
 
 [[noreturn]] void FailWrongKind() { detail::Fail(kVYRStatusTypeMismatch); }
 
+// The comparisons of the single-datum bodies: a value of another kind is neither equal nor
+// greater; one of the body's kind compares by its datum.
+template <typename Datum>
+bool SameKindEqual(const Datum& mine, const TCIMValue& other, TCIMType::ECIMType kind) {
+  return other.GetType() == kind && mine == other.operator Datum();
+}
+
+template <typename Datum>
+bool SameKindLess(const Datum& mine, const TCIMValue& other, TCIMType::ECIMType kind) {
+  return other.GetType() == kind && mine < other.operator Datum();
+}
+
 }  // namespace
 
 TCIMValueImpl::~TCIMValueImpl() = default;
@@ -47,11 +59,11 @@ TCIMStringValueImpl::operator std::string() const { return fValue; }
 std::string TCIMStringValueImpl::ToString(unsigned char) const { return fValue; }
 
 bool TCIMStringValueImpl::operator==(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeString && fValue == other.operator std::string();
+  return SameKindEqual(fValue, other, TCIMType::kCIMTypeString);
 }
 
 bool TCIMStringValueImpl::operator<(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeString && fValue < other.operator std::string();
+  return SameKindLess(fValue, other, TCIMType::kCIMTypeString);
 }
 
 // Date/times.
@@ -65,11 +77,11 @@ TCIMDateTimeValueImpl::operator TCIMDateTime() const { return fValue; }
 std::string TCIMDateTimeValueImpl::ToString(unsigned char) const { return fValue.ToString(); }
 
 bool TCIMDateTimeValueImpl::operator==(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeDateTime && fValue == other.operator TCIMDateTime();
+  return SameKindEqual(fValue, other, TCIMType::kCIMTypeDateTime);
 }
 
 bool TCIMDateTimeValueImpl::operator<(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeDateTime && fValue < other.operator TCIMDateTime();
+  return SameKindLess(fValue, other, TCIMType::kCIMTypeDateTime);
 }
 
 // References.
@@ -83,13 +95,11 @@ TCIMReferenceValueImpl::operator TCIMReference() const { return fValue; }
 std::string TCIMReferenceValueImpl::ToString(unsigned char) const { return fValue.GetPath(); }
 
 bool TCIMReferenceValueImpl::operator==(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeReference &&
-         fValue == other.operator TCIMReference();
+  return SameKindEqual(fValue, other, TCIMType::kCIMTypeReference);
 }
 
 bool TCIMReferenceValueImpl::operator<(const TCIMValue& other) const {
-  return other.GetType() == TCIMType::kCIMTypeReference &&
-         fValue < other.operator TCIMReference();
+  return SameKindLess(fValue, other, TCIMType::kCIMTypeReference);
 }
 
 // Arrays.
@@ -111,12 +121,7 @@ std::string TCIMArrayValueImpl::ToString(unsigned char radix) const {
 }
 
 bool TCIMArrayValueImpl::operator==(const TCIMValue& other) const {
-  if (!other.IsArray()) return false;
-  const std::vector<TCIMValue>& elements = other;
-  if (elements.size() != fElements.size()) return false;
-  for (std::size_t i = 0; i < fElements.size(); ++i)
-    if (!(fElements[i] == elements[i])) return false;
-  return true;
+  return other.IsArray() && fElements == other.operator std::vector<TCIMValue>&();
 }
 
 bool TCIMArrayValueImpl::operator<(const TCIMValue&) const {

@@ -68,6 +68,10 @@ class VYR_EXPORT TCIMDateTimeImpl {
   TCIMDateTime operator-(const TCIMDateTime& other) const;
 
  private:
+  // The fields both Set forms write, once their arguments have passed the check.
+  void StoreDayAndTime(unsigned int day, unsigned short hour, unsigned short minute,
+                       unsigned short second, unsigned int microseconds, bool isInterval);
+
   bool fIsNull = true;
   unsigned short fYear = 0;
   unsigned short fMonth = 0;

@@ -75,6 +75,15 @@ TEST(CIMValueTest, AssigningAnEqualValueChangesNothing) {
   EXPECT_TRUE(std::isnan(static_cast<double>(Elements(nans)[0])));
 }
 
+TEST(CIMValueTest, AnArrayCanBeSetFromOneOfItsOwnElements) {
+  // Regression: the element's type was read after the array body holding it had been released.
+  TCIMValue v(TCIMType(7), 3, {TCIMValue(1), TCIMValue(2)});
+  v = Elements(v)[1];
+  EXPECT_EQ(TypeOf(v), 7u);
+  EXPECT_EQ(static_cast<int>(v), 2);
+  EXPECT_EQ(v.GetMaxArraySize(), 3u);
+}
+
 TEST(CIMValueTest, CopyingANullOrTypeNullOrChar16ReleasesTheBody) {
   TCIMValue v(5);
   v = TCIMValue(TCIMType(13), 0);
