@@ -127,8 +127,8 @@ void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMVal
                                           TCIMContext&) {
   boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationOf(name);
   declaration->CheckType(value);
-  fStaticProperties.Put(
-      name, boost::shared_ptr<TMemoryProperty>(new TMemoryProperty(declaration, StoredValue(value))));
+  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
+  fStaticProperties.Put(name, property);
 }
 
 void TMemoryClass::EnumerateStaticProperties(

@@ -2,10 +2,10 @@
 // installed).
 //
 // It owns its committed classes (by name and in commit order, and the root classes apart) and its
-// committed qualifier declarations (by name and in commit order). Classes and qualifier declarations hold it
-// weakly and enter themselves on Commit through AddClass and AddQualifierDecl. Its destructor
-// empties every class it owns, which breaks the cycles that values referring to classes of the
-// same namespace would otherwise keep alive. Failures are TVYRException as vyrmemory.h lists them.
+// committed qualifier declarations (by name and in commit order). Classes and qualifier
+// declarations hold it weakly and enter themselves on Commit through AddClass and AddQualifierDecl.
+// Its destructor empties every class it owns, which breaks the cycles that values referring to
+// classes of the same namespace would otherwise keep alive. Failures are TVYRException as vyrmemory.h lists them.
 // One thread at a time.
 #ifndef VYRMEMORY_MEMORYNAMESPACE_H
 #define VYRMEMORY_MEMORYNAMESPACE_H
