@@ -59,13 +59,9 @@ void TMemoryClass::EnumerateSubclasses(
 // against a superclass it already made.
 bool TMemoryClass::WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback,
                                   bool deep) {
-  const std::size_t count = fSubclasses.size();
-  for (std::size_t i = 0; i < count && i < fSubclasses.size(); ++i) {
-    boost::shared_ptr<TMemoryClass> subclass = fSubclasses[i];
-    if (!callback(subclass)) return false;
-    if (deep && !subclass->WalkSubclasses(callback, true)) return false;
-  }
-  return true;
+  return EnumerateInOrder(fSubclasses, [&](const boost::shared_ptr<TMemoryClass>& subclass) {
+    return callback(subclass) && (!deep || subclass->WalkSubclasses(callback, true));
+  });
 }
 
 boost::shared_ptr<ICIMQualifier> TMemoryClass::GetQualifier(const std::string& name) {
@@ -81,18 +77,15 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::
                                                                      const TCIMValue& defaultValue,
                                                                      TCIMContext&) {
   CheckName(name);
-  if (fPropertyDeclsByName.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fPropertyDecls.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryPropertyDecl> declaration(new TMemoryPropertyDecl(name, defaultValue));
-  fPropertyDeclsByName.emplace(name, declaration);
-  fPropertyDecls.push_back(declaration);
+  fPropertyDecls.Add(name, declaration);
   return declaration;
 }
 
 boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                   TCIMContext&) {
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
-  return declaration;
+  return DeclarationOf(name);
 }
 
 void TMemoryClass::EnumeratePropertyDecls(
@@ -103,10 +96,16 @@ void TMemoryClass::EnumeratePropertyDecls(
 boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::FindPropertyDecl(
     const std::string& name) const {
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) {
-    auto found = c->fPropertyDeclsByName.find(name);
-    if (found != c->fPropertyDeclsByName.end()) return found->second;
+    boost::shared_ptr<TMemoryPropertyDecl> declaration = c->fPropertyDecls.Find(name);
+    if (declaration) return declaration;
   }
   return boost::shared_ptr<TMemoryPropertyDecl>();
+}
+
+boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationOf(const std::string& name) const {
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
+  if (!declaration) throw TVYRException(kVYRStatusNotFound);
+  return declaration;
 }
 
 std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDecls() const {
@@ -114,38 +113,27 @@ std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDec
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) chain.push_back(c);
   std::reverse(chain.begin(), chain.end());
 
-  std::vector<boost::shared_ptr<TMemoryPropertyDecl>> all;
-  std::unordered_map<std::string, std::size_t> positions;
+  // A re-declaration takes the inherited place.
+  TNamedList<TMemoryPropertyDecl> all;
   for (const TMemoryClass* c : chain) {
-    for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : c->fPropertyDecls) {
-      auto placed = positions.emplace(declaration->GetName(), all.size());
-      if (placed.second) {
-        all.push_back(declaration);
-      } else {
-        all[placed.first->second] = declaration;  // a re-declaration takes the inherited place
-      }
+    for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : c->fPropertyDecls.InOrder()) {
+      all.Put(declaration->GetName(), declaration);
     }
   }
-  return all;
+  return all.Take();
 }
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
                                           TCIMContext&) {
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationOf(name);
   declaration->CheckType(value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
-  auto placed = fStaticPositions.emplace(name, fStaticProperties.size());
-  if (placed.second) {
-    fStaticProperties.push_back(property);
-  } else {
-    fStaticProperties[placed.first->second] = property;
-  }
+  fStaticProperties.Put(name, property);
 }
 
 void TMemoryClass::EnumerateStaticProperties(
     boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback, TCIMContext&) {
-  EnumerateInOrder(fStaticProperties, callback);
+  EnumerateInOrder(fStaticProperties.InOrder(), callback);
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
@@ -155,7 +143,7 @@ boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
 boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path, TCIMContext&) {
   TKeyBindings bindings;
   path.EnumerateKeyBindings([&bindings](std::pair<std::string, TCIMValue> binding) {
-    bindings.push_back(binding);
+    bindings.push_back(std::move(binding));
     return true;
   });
   return fInstances.Find(bindings, *this);
@@ -170,27 +158,24 @@ bool TMemoryClass::WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInst
                                  bool deep) {
   if (!EnumerateInOrder(fInstances.InCommitOrder(), callback)) return false;
   if (!deep) return true;
-  const std::size_t count = fSubclasses.size();
-  for (std::size_t i = 0; i < count && i < fSubclasses.size(); ++i) {
-    boost::shared_ptr<TMemoryClass> subclass = fSubclasses[i];
-    if (!subclass->WalkInstances(callback, true)) return false;
-  }
-  return true;
+  return EnumerateInOrder(fSubclasses, [&](const boost::shared_ptr<TMemoryClass>& subclass) {
+    return subclass->WalkInstances(callback, true);
+  });
 }
 
 boost::shared_ptr<ICIMMethodDecl> TMemoryClass::CreateMethodDecl(const std::string& name,
                                                                  TCIMValue::TCIMType returnType,
                                                                  TCIMContext&) {
   CheckName(name);
-  if (!fMethodNames.insert(name).second) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fMethodDecls.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryMethodDecl> method(new TMemoryMethodDecl(name, returnType));
-  fMethodDecls.push_back(method);
+  fMethodDecls.Add(name, method);
   return method;
 }
 
 void TMemoryClass::EnumerateMethodDecls(
     boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)>& callback, TCIMContext&) {
-  EnumerateInOrder(fMethodDecls, callback);
+  EnumerateInOrder(fMethodDecls.InOrder(), callback);
 }
 
 bool TMemoryClass::BelongsTo(const TMemoryNamespaceImpl* space) const {
@@ -200,16 +185,15 @@ bool TMemoryClass::BelongsTo(const TMemoryNamespaceImpl* space) const {
 void TMemoryClass::ReleaseMembers() {
   fSubclasses.clear();
   fQualifiers.Clear();
-  for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : fPropertyDecls) {
+  for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : fPropertyDecls.InOrder()) {
     declaration->ReleaseMembers();
   }
-  fPropertyDecls.clear();
-  fPropertyDeclsByName.clear();
-  fStaticProperties.clear();
-  fStaticPositions.clear();
-  for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls) method->ReleaseMembers();
-  fMethodDecls.clear();
-  fMethodNames.clear();
+  fPropertyDecls.Clear();
+  fStaticProperties.Clear();
+  for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls.InOrder()) {
+    method->ReleaseMembers();
+  }
+  fMethodDecls.Clear();
   fInstances.Clear();
 }
 

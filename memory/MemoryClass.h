@@ -10,10 +10,7 @@
 #ifndef VYRMEMORY_MEMORYCLASS_H
 #define VYRMEMORY_MEMORYCLASS_H
 
-#include <cstddef>
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include <boost/enable_shared_from_this.hpp>
@@ -23,6 +20,7 @@
 
 #include "InstanceIndex.h"
 #include "MemoryDeclarations.h"
+#include "NamedList.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -81,6 +79,8 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool BelongsTo(const TMemoryNamespaceImpl* space) const;
   // The most derived declaration of the name, or empty.
   boost::shared_ptr<TMemoryPropertyDecl> FindPropertyDecl(const std::string& name) const;
+  // The same, but kVYRStatusNotFound when the class sees no declaration of the name.
+  boost::shared_ptr<TMemoryPropertyDecl> DeclarationOf(const std::string& name) const;
   // Every declaration the class sees, inherited first, one per name.
   std::vector<boost::shared_ptr<TMemoryPropertyDecl>> AllPropertyDecls() const;
   TInstanceIndex& Instances() { return fInstances; }
@@ -97,12 +97,9 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool fCommitted = false;
   std::vector<boost::shared_ptr<TMemoryClass>> fSubclasses;
   TQualifierSet fQualifiers;
-  std::vector<boost::shared_ptr<TMemoryPropertyDecl>> fPropertyDecls;
-  std::unordered_map<std::string, boost::shared_ptr<TMemoryPropertyDecl>> fPropertyDeclsByName;
-  std::vector<boost::shared_ptr<TMemoryProperty>> fStaticProperties;
-  std::unordered_map<std::string, std::size_t> fStaticPositions;
-  std::vector<boost::shared_ptr<TMemoryMethodDecl>> fMethodDecls;
-  std::unordered_set<std::string> fMethodNames;
+  TNamedList<TMemoryPropertyDecl> fPropertyDecls;
+  TNamedList<TMemoryProperty> fStaticProperties;
+  TNamedList<TMemoryMethodDecl> fMethodDecls;
   TInstanceIndex fInstances;
 };
 

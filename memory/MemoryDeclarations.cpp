@@ -64,16 +64,14 @@ boost::shared_ptr<ICIMQualifier> TQualifierSet::Add(
     boost::shared_ptr<ICIMQualifierDecl> declaration, const TCIMValue& value) {
   if (!declaration) throw TVYRException(kVYRStatusInvalidOpSequence);
   const std::string& name = declaration->GetName();
-  if (fByName.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fQualifiers.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<ICIMQualifier> qualifier(new TMemoryQualifier(declaration, value));
-  fByName.emplace(name, qualifier);
-  fInOrder.push_back(qualifier);
+  fQualifiers.Add(name, qualifier);
   return qualifier;
 }
 
 boost::shared_ptr<ICIMQualifier> TQualifierSet::Find(const std::string& name) const {
-  auto found = fByName.find(name);
-  return found == fByName.end() ? boost::shared_ptr<ICIMQualifier>() : found->second;
+  return fQualifiers.Find(name);
 }
 
 bool TQualifierSet::IsTrue(const std::string& name) const {
@@ -86,13 +84,10 @@ bool TQualifierSet::IsTrue(const std::string& name) const {
 
 void TQualifierSet::Enumerate(
     boost::function<bool(boost::shared_ptr<ICIMQualifier>)>& callback) const {
-  EnumerateInOrder(fInOrder, callback);
+  EnumerateInOrder(fQualifiers.InOrder(), callback);
 }
 
-void TQualifierSet::Clear() {
-  fByName.clear();
-  fInOrder.clear();
-}
+void TQualifierSet::Clear() { fQualifiers.Clear(); }
 
 // --- TMemoryPropertyDecl
 
@@ -175,23 +170,22 @@ TCIMValue::TCIMType TMemoryMethodDecl::GetReturnType() const { return fReturnTyp
 boost::shared_ptr<ICIMParameterDecl> TMemoryMethodDecl::CreateParameterDecl(
     const std::string& name, TCIMValue::TCIMType type) {
   CheckName(name);
-  if (!fParameterNames.insert(name).second) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fParameters.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryParameterDecl> parameter(new TMemoryParameterDecl(name, type));
-  fParameters.push_back(parameter);
+  fParameters.Add(name, parameter);
   return parameter;
 }
 
 void TMemoryMethodDecl::EnumerateParameterDecls(
     boost::function<bool(boost::shared_ptr<ICIMParameterDecl>)>& callback) const {
-  EnumerateInOrder(fParameters, callback);
+  EnumerateInOrder(fParameters.InOrder(), callback);
 }
 
 void TMemoryMethodDecl::Commit() {}
 
 void TMemoryMethodDecl::ReleaseMembers() {
   fQualifiers.Clear();
-  fParameters.clear();
-  fParameterNames.clear();
+  fParameters.Clear();
 }
 
 }  // namespace detail

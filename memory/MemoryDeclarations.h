@@ -9,14 +9,13 @@
 #define VYRMEMORY_MEMORYDECLARATIONS_H
 
 #include <string>
-#include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/weak_ptr.hpp>
 
 #include <vyrcore/CIMObjectModel.h>
+
+#include "NamedList.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -78,8 +77,7 @@ class TQualifierSet {
   void Clear();
 
  private:
-  std::vector<boost::shared_ptr<ICIMQualifier>> fInOrder;
-  std::unordered_map<std::string, boost::shared_ptr<ICIMQualifier>> fByName;
+  TNamedList<ICIMQualifier> fQualifiers;
 };
 
 class TMemoryPropertyDecl : public ICIMPropertyDecl {
@@ -149,8 +147,7 @@ class TMemoryMethodDecl : public ICIMMethodDecl {
   std::string fName;
   TCIMValue::TCIMType fReturnType;
   TQualifierSet fQualifiers;
-  std::vector<boost::shared_ptr<TMemoryParameterDecl>> fParameters;
-  std::unordered_set<std::string> fParameterNames;
+  TNamedList<TMemoryParameterDecl> fParameters;
 };
 
 }  // namespace detail

@@ -57,16 +57,13 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& 
                                                              TCIMContext&) {
   auto set = fValues.find(name);
   if (set != fValues.end()) return set->second;
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = LiveClass()->FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
-  return boost::shared_ptr<ICIMProperty>(new TMemoryProperty(declaration));
+  return boost::shared_ptr<ICIMProperty>(new TMemoryProperty(LiveClass()->DeclarationOf(name)));
 }
 
 void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                        TCIMContext&) {
   boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationOf(name);
   declaration->CheckType(value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   if (fCommitted) cimClass->Instances().Withdraw(this, name);

@@ -22,13 +22,15 @@ TMemoryNamespaceImpl::TMemoryNamespaceImpl(const std::string& name) : fName(name
 TMemoryNamespaceImpl::~TMemoryNamespaceImpl() {
   // Instances, defaults and qualifiers may hold (through reference values) classes of this very
   // namespace; emptying every class drops those pointers, so the classes can go with us.
-  for (auto& entry : fClasses) entry.second->ReleaseMembers();
+  for (const boost::shared_ptr<TMemoryClass>& cimClass : fClasses.InOrder()) {
+    cimClass->ReleaseMembers();
+  }
 }
 
 boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
     const std::string& name, boost::shared_ptr<ICIMClass> superclass, TCIMContext&) {
   CheckName(name);
-  if (fClasses.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fClasses.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryClass> parent;
   if (superclass) {
     parent = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
@@ -38,9 +40,7 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
 }
 
 boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {
-  auto found = fClasses.find(name);
-  if (found == fClasses.end()) throw TVYRException(kVYRStatusNotFound);
-  return found->second;
+  return fClasses.Get(name);
 }
 
 void TMemoryNamespaceImpl::EnumerateClasses(
@@ -52,38 +52,35 @@ boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::CreateQualifierDecl(
     const std::string& name, const TCIMValue& defaultValue, unsigned int scope, unsigned int flavor,
     TCIMContext&) {
   CheckName(name);
-  if (fQualifierDecls.count(name) != 0) throw TVYRException(kVYRStatusAlreadyExists);
+  if (fQualifierDecls.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   return boost::shared_ptr<ICIMQualifierDecl>(
       new TMemoryQualifierDecl(name, defaultValue, scope, flavor, shared_from_this()));
 }
 
 boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(const std::string& name,
                                                                             TCIMContext&) {
-  auto found = fQualifierDecls.find(name);
-  if (found == fQualifierDecls.end()) throw TVYRException(kVYRStatusNotFound);
-  return found->second;
+  return fQualifierDecls.Get(name);
 }
 
 void TMemoryNamespaceImpl::EnumerateQualifierDecls(
     boost::function<bool(boost::shared_ptr<ICIMQualifierDecl>)>& callback, TCIMContext&) {
-  EnumerateInOrder(fQualifierDeclsInOrder, callback);
+  EnumerateInOrder(fQualifierDecls.InOrder(), callback);
 }
 
 const std::string& TMemoryNamespaceImpl::GetName() const { return fName; }
 
 void TMemoryNamespaceImpl::AddClass(const boost::shared_ptr<TMemoryClass>& cimClass) {
-  if (!fClasses.emplace(cimClass->Name(), cimClass).second) {
-    throw TVYRException(kVYRStatusAlreadyExists);
-  }
+  if (fClasses.Contains(cimClass->Name())) throw TVYRException(kVYRStatusAlreadyExists);
+  fClasses.Add(cimClass->Name(), cimClass);
   if (!cimClass->Superclass()) fRootClasses.push_back(cimClass);
 }
 
 void TMemoryNamespaceImpl::AddQualifierDecl(
     const boost::shared_ptr<TMemoryQualifierDecl>& declaration) {
-  if (!fQualifierDecls.emplace(declaration->GetName(), declaration).second) {
+  if (fQualifierDecls.Contains(declaration->GetName())) {
     throw TVYRException(kVYRStatusAlreadyExists);
   }
-  fQualifierDeclsInOrder.push_back(declaration);
+  fQualifierDecls.Add(declaration->GetName(), declaration);
 }
 
 boost::shared_ptr<ICIMNamespace> TMemoryNamespaceImpl::GetStandIn() {

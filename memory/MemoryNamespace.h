@@ -1,22 +1,23 @@
 // MemoryNamespace.h: TMemoryNamespaceImpl, the namespace behind TMemoryNamespace::Create (never
 // installed).
 //
-// It owns its committed classes (by name, and the root classes in commit order) and its committed
-// qualifier declarations (by name and in commit order). Classes and qualifier declarations hold it
-// weakly and enter themselves on Commit through AddClass and AddQualifierDecl. Its destructor
-// empties every class it owns, which breaks the cycles that values referring to classes of the
-// same namespace would otherwise keep alive. Failures are TVYRException as vyrmemory.h lists them.
+// It owns its committed classes (by name and in commit order, and the root classes apart) and its
+// committed qualifier declarations (by name and in commit order). Classes and qualifier
+// declarations hold it weakly and enter themselves on Commit through AddClass and AddQualifierDecl.
+// Its destructor empties every class it owns, which breaks the cycles that values referring to
+// classes of the same namespace would otherwise keep alive. Failures are TVYRException as vyrmemory.h lists them.
 // One thread at a time.
 #ifndef VYRMEMORY_MEMORYNAMESPACE_H
 #define VYRMEMORY_MEMORYNAMESPACE_H
 
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include <boost/enable_shared_from_this.hpp>
 
 #include <vyrcore/CIMObjectModel.h>
+
+#include "NamedList.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -58,10 +59,9 @@ class TMemoryNamespaceImpl : public ICIMNamespace,
 
  private:
   std::string fName;
-  std::unordered_map<std::string, boost::shared_ptr<TMemoryClass>> fClasses;
+  TNamedList<TMemoryClass> fClasses;
   std::vector<boost::shared_ptr<TMemoryClass>> fRootClasses;
-  std::unordered_map<std::string, boost::shared_ptr<TMemoryQualifierDecl>> fQualifierDecls;
-  std::vector<boost::shared_ptr<TMemoryQualifierDecl>> fQualifierDeclsInOrder;
+  TNamedList<TMemoryQualifierDecl> fQualifierDecls;
   boost::shared_ptr<ICIMNamespace> fStandIn;
 };
 

@@ -69,14 +69,10 @@ boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNam
 TCIMReference StoredReference(const TCIMReference& reference) {
   TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
   stored.SetClass(reference.GetClass());
-  std::vector<std::pair<std::string, TCIMValue>> keys;
-  reference.EnumerateKeyBindings([&keys](std::pair<std::string, TCIMValue> key) {
-    keys.push_back(key);
+  reference.EnumerateKeyBindings([&stored](const std::pair<std::string, TCIMValue>& key) {
+    stored.AddKeyValue(key.first, StoredValue(key.second));
     return true;
   });
-  for (const std::pair<std::string, TCIMValue>& key : keys) {
-    stored.AddKeyValue(key.first, StoredValue(key.second));
-  }
   return stored;
 }
 

@@ -37,8 +37,7 @@ int TOSSpecific::CreateDir(std::string path) {
 }
 
 std::vector<std::string> TOSSpecific::ListDir(std::string directory) {
-  detail::UniqueDir listing(::opendir(directory.c_str()));
-  if (!listing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
+  detail::UniqueDir listing(directory);
   std::vector<std::string> names;
   while (const dirent* entry = listing.NextEntry()) names.emplace_back(entry->d_name);
   // `listing` closes the handle on return. Earlier versions left it open; no caller relies on that.

@@ -38,16 +38,15 @@ void AppendSlash(std::string& path) {
   if (path.empty() || path.back() != '/') path += '/';
 }
 
-}  // namespace
-
-void TOSSpecific::FileCopy(std::string source, std::string destination) {
+// FileCopy of a source already queried: info is its stat, or null when stat failed. DirCopy has
+// the stat of every entry in hand and passes it on rather than asking again.
+void CopyFile(const std::string& source, const struct stat* info, const std::string& destination) {
   detail::UniqueFd from;
   detail::UniqueFd to;
-  struct stat info;
-  if (::stat(source.c_str(), &info) == 0) {
+  if (info != nullptr) {
     from.Reset(::open(source.c_str(), O_RDONLY));
     if (!from.IsValid()) detail::Fail(kVYRStatusFileSystemError);
-    to.Reset(::open(destination.c_str(), O_WRONLY | O_CREAT | O_EXCL, info.st_mode & 07777));
+    to.Reset(::open(destination.c_str(), O_WRONLY | O_CREAT | O_EXCL, info->st_mode & 07777));
     if (!to.IsValid()) detail::Fail(kVYRStatusFileSystemError);
   } else {
     // Kept on purpose: a source that cannot be queried copies standard input onto itself, so with
@@ -55,24 +54,29 @@ void TOSSpecific::FileCopy(std::string source, std::string destination) {
     // descriptor 0, which is closed (once) when the copy ends, as it always has been.
     from.Reset(STDIN_FILENO);
   }
+  // Both owners close their descriptors on the way out, whether the copy failed or not.
   const ssize_t last = CopyThroughBuffer(from.Get(), to.IsValid() ? to.Get() : from.Get());
-  from.Reset();
-  to.Reset();
   if (last != 0) detail::Fail(kVYRStatusFileSystemError);
+}
+
+}  // namespace
+
+void TOSSpecific::FileCopy(std::string source, std::string destination) {
+  struct stat info;
+  CopyFile(source, ::stat(source.c_str(), &info) == 0 ? &info : nullptr, destination);
 }
 
 int TOSSpecific::DirCopy(std::string source, std::string destination, bool recurse) {
   AppendSlash(source);
   AppendSlash(destination);
-  detail::UniqueDir listing(::opendir(source.c_str()));
-  if (!listing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
+  detail::UniqueDir listing(source);
   while (const dirent* entry = listing.NextEntry()) {
     const std::string from = source + entry->d_name;
     const std::string to = destination + entry->d_name;
     struct stat info;
     if (::stat(from.c_str(), &info) != 0) continue;  // vanished or a dangling link: skipped
     if (!S_ISDIR(info.st_mode))
-      FileCopy(from, to);
+      CopyFile(from, &info, to);
     else if (recurse)
       DirCopy(from, to, recurse);
   }

@@ -31,7 +31,7 @@ bool TOSSpecific::FileExists(std::string path) {
 
 std::int64_t TOSSpecific::GetFileSize(std::string path) {
   struct stat info;
-  if (!FileExists(path) || !StatPath(path, &info)) detail::Fail(kVYRStatusFileNotFound);
+  if (!StatPath(path, &info) || S_ISDIR(info.st_mode)) detail::Fail(kVYRStatusFileNotFound);
   return info.st_size;
 }
 

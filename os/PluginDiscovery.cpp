@@ -4,7 +4,6 @@
 
 #include <dirent.h>
 #include <dlfcn.h>
-#include <sys/stat.h>
 
 #include <cstring>
 
@@ -13,16 +12,6 @@
 #include "os/UniqueFd.h"
 
 namespace NORXVYR20 {
-namespace {
-
-bool StatIsDirectory(const std::string& path, bool* isDirectory) {
-  struct stat status;
-  if (stat(path.c_str(), &status) != 0) return false;
-  *isDirectory = S_ISDIR(status.st_mode);
-  return true;
-}
-
-}  // namespace
 
 std::string TOSSpecific::GetVYRRootPath() {
   // Whichever file the loader took this very function from: the environment and the current
@@ -47,19 +36,16 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string root) {
 std::vector<std::string> TOSSpecific::FindPlugins(std::string root, std::string extension) {
   const std::string pattern = detail::PluginPattern(extension);
   std::vector<std::string> plugins;
-  detail::UniqueDir rootListing(::opendir(root.c_str()));
-  if (!rootListing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
+  detail::UniqueDir rootListing(root);
   // The listings skip "." and "..".
   while (const dirent* sub = rootListing.NextEntry()) {
     // The bare name is tested from the current directory, not from root: deployed hosts run with
     // root as their current directory, and a sub-directory that does not resolve from there is
     // passed over. Hosts rely on this, so it stays.
-    bool isDirectory = false;
-    if (!StatIsDirectory(sub->d_name, &isDirectory) || !isDirectory) continue;
+    if (!DirExists(sub->d_name)) continue;
 
     const std::string subPath = root + kFileSeparator + sub->d_name;
-    detail::UniqueDir subListing(::opendir(subPath.c_str()));
-    if (!subListing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
+    detail::UniqueDir subListing(subPath);
     while (const dirent* entry = subListing.NextEntry())
       if (std::strstr(entry->d_name, pattern.c_str()))
         plugins.push_back(subPath + kFileSeparator + entry->d_name);
@@ -70,12 +56,10 @@ std::vector<std::string> TOSSpecific::FindPlugins(std::string root, std::string 
 std::vector<std::string> TOSSpecific::FindNSServices(std::string kind) {
   const std::string root = GetVYRRootPath();
   std::vector<std::string> services;
-  detail::UniqueDir listing(::opendir(root.c_str()));
-  if (!listing.IsValid()) detail::Fail(kVYRStatusFileSystemError);
+  detail::UniqueDir listing(root);
   while (const dirent* entry = listing.NextEntry()) {
     const std::string name = entry->d_name;
-    bool isDirectory = false;
-    if (!StatIsDirectory(root + kFileSeparator + name, &isDirectory) || isDirectory) continue;
+    if (!FileExists(root + kFileSeparator + name)) continue;
     if (detail::IsServiceFileName(name, kind)) services.push_back(detail::ServiceNameOf(name));
   }
   return services;

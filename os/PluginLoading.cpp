@@ -16,6 +16,18 @@ const char kConsumerFactorySuffix[] = "_CreateINamespaceConsumer";
 // The factory a consumer library exports as extern "C" <name>_CreateINamespaceConsumer.
 typedef INamespaceConsumer* (*TConsumerFactory)();
 
+// Loads the library of the service `name` (a provider, kind "NSP", or a consumer, "NSC") from path;
+// a failure is logged as "Couldn't load <kind>: <name> (<loader text>)" and throws
+// kVYRStatusFileSystemError.
+detail::TLoadedLibrary LoadService(const std::string& path, const std::string& kind,
+                                   const std::string& name) {
+  detail::TLoadedLibrary library(path);
+  if (!library.IsLoaded())
+    detail::FailWithLog(kVYRStatusFileSystemError,
+                        "Couldn't load " + kind + ": " + name + " (" + library.Error() + ")");
+  return library;
+}
+
 }  // namespace
 
 void* TOSSpecific::LoadPluginLibrary(std::string path) {
@@ -29,19 +41,12 @@ void* TOSSpecific::LoadPluginLibrary(std::string path) {
 void TOSSpecific::LoadNSPLibrary(std::string name) {
   // Nothing in the library is called and its handle is dropped: a provider announces itself to
   // the registry from its own static initialisation, while it loads.
-  const detail::TLoadedLibrary library(
-      detail::ServiceLibraryPath(GetVYRRootPath(), name, kNSPExtension));
-  if (!library.IsLoaded())
-    detail::FailWithLog(kVYRStatusFileSystemError,
-                        "Couldn't load NSP: " + name + " (" + library.Error() + ")");
+  LoadService(detail::ServiceLibraryPath(GetVYRRootPath(), name, kNSPExtension), "NSP", name);
 }
 
 INamespaceConsumer* TOSSpecific::LoadNSCLibrary(std::string name) {
   const std::string path = detail::ServiceLibraryPath(GetVYRRootPath(), name, kNSCExtension);
-  detail::TLoadedLibrary library(path);
-  if (!library.IsLoaded())
-    detail::FailWithLog(kVYRStatusFileSystemError,
-                        "Couldn't load NSC: " + name + " (" + library.Error() + ")");
+  detail::TLoadedLibrary library = LoadService(path, "NSC", name);
   void* factory = library.FindSymbol(name + kConsumerFactorySuffix);
   if (!factory)
     detail::FailWithLog(kVYRStatusNotFound, "Couldn't find 'CreateINamespaceConsumer' in " + path);

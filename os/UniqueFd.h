@@ -1,9 +1,11 @@
 // UniqueFd.h: owners for the platform layer's descriptors and directory listings (never installed).
 //
 // UniqueFd owns one file descriptor and UniqueDir one DIR* listing; each closes what it holds when
-// it goes out of scope, so a throw in the middle of a copy or a listing leaks nothing. Neither
-// copies nor moves. Close errors are ignored on destruction; UniqueDir::Close reports closedir's
-// result for callers whose contract returns it. One thread at a time per owner.
+// it goes out of scope, so a throw in the middle of a copy or a listing leaks nothing. UniqueDir
+// opens its listing itself, and a directory opendir refuses throws kVYRStatusFileSystemError
+// (nothing logged): every listing of the platform layer fails so. Neither copies nor moves. Close
+// errors are ignored on destruction; UniqueDir::Close reports closedir's result for callers whose
+// contract returns it. One thread at a time per owner.
 #ifndef VYRCORE_OS_UNIQUEFD_H
 #define VYRCORE_OS_UNIQUEFD_H
 
@@ -11,7 +13,10 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <string>
 #include <utility>
+
+#include "core/Fail.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -38,14 +43,15 @@ class UniqueFd {
 
 class UniqueDir {
  public:
-  explicit UniqueDir(DIR* dir) : fDir(dir) {}
+  explicit UniqueDir(const std::string& directory) : fDir(::opendir(directory.c_str())) {
+    if (!fDir) Fail(kVYRStatusFileSystemError);
+  }
   ~UniqueDir() {
     if (fDir) ::closedir(fDir);
   }
   UniqueDir(const UniqueDir&) = delete;
   UniqueDir& operator=(const UniqueDir&) = delete;
 
-  bool IsValid() const { return fDir != nullptr; }
   // The next entry in listing order, skipping "." and ".."; nullptr at the end.
   const dirent* NextEntry() {
     const dirent* entry;
