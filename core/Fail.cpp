@@ -5,10 +5,17 @@
 namespace NORXVYR20 {
 namespace detail {
 
-void LogError(const std::string& message) {
-  if (ILogger* logger = TRootObject::GetCoreLogger())
-    logger->OutputLogEntry(ILogger::kLogSeverityError, message);
+namespace {
+
+void LogAt(ILogger::EVYRLogSeverity severity, const std::string& message) {
+  if (ILogger* logger = TRootObject::GetCoreLogger()) logger->OutputLogEntry(severity, message);
 }
+
+}  // namespace
+
+void LogError(const std::string& message) { LogAt(ILogger::kLogSeverityError, message); }
+
+void LogDebug(const std::string& message) { LogAt(ILogger::kLogSeverityDebug, message); }
 
 void Fail(TVYRStatusCode code) { throw TVYRException(code); }
 

@@ -14,8 +14,9 @@
 namespace NORXVYR20 {
 namespace detail {
 
-// Writes message to the core logger at error severity; does nothing without a logger.
+// Write message to the core logger at error (debug) severity; do nothing without a logger.
 void LogError(const std::string& message);
+void LogDebug(const std::string& message);
 
 [[noreturn]] void Fail(TVYRStatusCode code);
 [[noreturn]] void FailWithLog(TVYRStatusCode code, const std::string& message);

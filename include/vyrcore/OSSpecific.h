@@ -66,6 +66,17 @@ class VYR_EXPORT TOSSpecific {
   // The logger's sink for lines when no log file is set; discards them on this platform.
   static void OutputLogString(std::string line);
 
+  // --- Whole files and descriptors ---------------------------------------------------------------
+  // Everything readable from descriptor until end of file, read 4096 bytes at a time and logged at
+  // debug severity. The descriptor stays open and is not rewound. A failed read logs "ERROR:
+  // GetFileContents failed to read file" and throws kVYRStatusFileSystemError; what was read is
+  // lost.
+  static std::string GetFileContents(int descriptor);
+  // The whole contents of the file at path. An open that fails logs "ERROR: CaptureFile failed to
+  // open: <path>" and throws kVYRStatusFileNotFound; a read that fails (a directory, say) throws
+  // as GetFileContents does. The descriptor it opens is closed before it returns.
+  static std::string CaptureFile(std::string path);
+
   // --- Plug-in and provider discovery and loading ------------------------------------------------
   // Three families of modules, each found by its file name. Collector plug-ins lie one level of
   // sub-directories below a caller-given root and carry "." + extension word + ".so" anywhere in
