@@ -17,5 +17,6 @@
 #include <vyrcore/Logger.h>
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>
+#include <vyrcore/CIMCopy.h>
 
 #endif
