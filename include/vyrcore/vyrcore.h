@@ -18,5 +18,6 @@
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>
 #include <vyrcore/CIMCopy.h>
+#include <vyrcore/SchemaHelper.h>
 
 #endif
