@@ -171,6 +171,7 @@ TEST(NamespaceCopyTest, TheTargetReceivesDeclarationsFirstAndAssociationsLast) {
 
   // B gets no declaration of the inherited Size; its Id, marked OVERRIDE, is declared again.
   // Methods are never committed; parameters come before the method's own qualifiers.
+  // No "a context map came back": every call got a fresh, empty context.
   const Lines expected = {
       "CreateQualifierDecl Key", "Commit declaration Key",
       "CreateQualifierDecl OVERRIDE", "Commit declaration OVERRIDE",

@@ -148,6 +148,7 @@ class TRecInstance : public ICIMInstance {
   TRecInstance(boost::shared_ptr<ICIMInstance> inner, std::string label, TLog log)
       : fInner(inner), fLabel(label), fLog(log) {}
   void Commit(TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note("Commit instance of " + fLabel);
     fInner->Commit(context);
   }
@@ -160,6 +161,7 @@ class TRecInstance : public ICIMInstance {
   }
   void SetPropertyValue(const std::string& name, const TCIMValue& value,
                         TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note(fLabel + " instance SetPropertyValue " + name);
     fInner->SetPropertyValue(name, value, context);
   }
@@ -181,6 +183,7 @@ class TRecClass : public ICIMClass {
   const boost::shared_ptr<ICIMClass>& Inner() const { return fInner; }
 
   void Commit(TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note("Commit class " + fLabel);
     fInner->Commit(context);
   }
@@ -208,12 +211,14 @@ class TRecClass : public ICIMClass {
   boost::shared_ptr<ICIMPropertyDecl> CreatePropertyDecl(const std::string& name,
                                                          const TCIMValue& defaultValue,
                                                          TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note(fLabel + " CreatePropertyDecl " + name);
     return boost::shared_ptr<ICIMPropertyDecl>(new TRecPropertyDecl(
         fInner->CreatePropertyDecl(name, defaultValue, context), fLabel + "." + name, fLog));
   }
   boost::shared_ptr<ICIMPropertyDecl> GetPropertyDecl(const std::string& name,
                                                       TCIMContext& context) override {
+    fLog->Touch(context);
     return fInner->GetPropertyDecl(name, context);
   }
   void EnumeratePropertyDecls(boost::function<bool(boost::shared_ptr<ICIMPropertyDecl>)>& callback,
@@ -222,6 +227,7 @@ class TRecClass : public ICIMClass {
   }
   void SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
                               TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note(fLabel + " SetStaticPropertyValue " + name);
     fInner->SetStaticPropertyValue(name, value, context);
   }
@@ -230,6 +236,7 @@ class TRecClass : public ICIMClass {
     fInner->EnumerateStaticProperties(callback, context);
   }
   boost::shared_ptr<ICIMInstance> CreateInstance(TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note(fLabel + " CreateInstance");
     return boost::shared_ptr<ICIMInstance>(
         new TRecInstance(fInner->CreateInstance(context), fLabel, fLog));
@@ -245,6 +252,7 @@ class TRecClass : public ICIMClass {
   boost::shared_ptr<ICIMMethodDecl> CreateMethodDecl(const std::string& name,
                                                      TCIMValue::TCIMType returnType,
                                                      TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note(fLabel + " CreateMethodDecl " + name);
     return boost::shared_ptr<ICIMMethodDecl>(new TRecMethodDecl(
         fInner->CreateMethodDecl(name, returnType, context), fLabel + "." + name, fLog));
@@ -268,6 +276,7 @@ class TRecNamespace : public ICIMNamespace {
                                            boost::shared_ptr<ICIMClass> superclass,
                                            TCIMContext& context) override {
     TRecClass* recorded = dynamic_cast<TRecClass*>(superclass.get());
+    fLog->Touch(context);
     fLog->Note("CreateClass " + name +
                (recorded ? " : " + recorded->Inner()->GetName(context) : std::string()));
     boost::shared_ptr<ICIMClass> created = Inner()->CreateClass(
@@ -275,6 +284,7 @@ class TRecNamespace : public ICIMNamespace {
     return fClasses[name] = boost::shared_ptr<ICIMClass>(new TRecClass(created, name, fLog));
   }
   boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TCIMContext& context) override {
+    fLog->Touch(context);
     Inner()->GetClass(name, context);  // throws for a class not committed there
     return fClasses.at(name);
   }
@@ -286,12 +296,14 @@ class TRecNamespace : public ICIMNamespace {
                                                            const TCIMValue& defaultValue,
                                                            unsigned int scope, unsigned int flavor,
                                                            TCIMContext& context) override {
+    fLog->Touch(context);
     fLog->Note("CreateQualifierDecl " + name);
     return boost::shared_ptr<ICIMQualifierDecl>(new TRecQualifierDecl(
         Inner()->CreateQualifierDecl(name, defaultValue, scope, flavor, context), fLog));
   }
   boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(const std::string& name,
                                                         TCIMContext& context) override {
+    fLog->Touch(context);
     return Inner()->GetQualifierDecl(name, context);
   }
   void EnumerateQualifierDecls(

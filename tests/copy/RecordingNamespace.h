@@ -6,7 +6,7 @@
 // "Commit class B", "A.P AddQualifier Key", "Commit qualifier Key"...). When an entry equals
 // FailOn, the call throws TProviderFault carrying that entry before it reaches the namespace. The
 // inner namespace is held weakly (the caller keeps it), since references the copy stores point
-// back here.
+// back here. Calls that take a context write into it, so a map handed to two calls shows up.
 #ifndef VYRCORE_TESTS_COPY_RECORDINGNAMESPACE_H
 #define VYRCORE_TESTS_COPY_RECORDINGNAMESPACE_H
 
@@ -28,6 +28,11 @@ struct TRecording {
   void Note(const std::string& entry) {
     fEntries.push_back(entry);
     if (entry == fFailOn) throw TProviderFault{entry};
+  }
+  // Every call must get a map of its own, empty: one written by an earlier call is noted.
+  void Touch(NORXVYR20::TCIMContext& context) {
+    if (!context.empty()) fEntries.push_back("a context map came back");
+    context["seen"] = NORXVYR20::TCIMValue(true);
   }
 };
 
