@@ -59,6 +59,7 @@ TEST(NamespaceCopyTest, CopiesEveryElementAndLeavesTheSourceAsItWas) {
       "    qualifier OVERRIDE = string Caption",
       "  property Name = string ",
       "  static Count = uint32 2",
+      "    AS = array string [string a;string ;]",
       "    Peer = null 15 T_Element@here",
       "    Peer = ref T_Device@here {Name=string d1;}",
       "  method Reset : uint32",

@@ -239,46 +239,29 @@ void FillRichNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
 
   boost::shared_ptr<ICIMClass> device = b.Class("T_Device", "T_Element");
   b.Qualify(*b.Property(*device, "Name", TCIMValue("")), "Key", TCIMValue(true));
-  const std::vector<std::pair<std::string, TCIMValue>> scalars = {
-      {"B", TCIMValue(false)},
-      {"U8", TCIMValue(static_cast<unsigned char>(0))},
-      {"S8", TCIMValue(static_cast<signed char>(0))},
-      {"U16", TCIMValue(static_cast<unsigned short>(0))},
-      {"S16", TCIMValue(static_cast<short>(0))},
-      {"U32", TCIMValue(0u)},
-      {"S32", TCIMValue(0)},
-      {"U64", TCIMValue(0ul)},
-      {"S64", TCIMValue(0l)},
-      {"R32", TCIMValue(0.0f)},
-      {"R64", TCIMValue(0.0)},
-      {"D", TCIMValue(TCIMDateTime(2020, 1, 2, 3, 4, 5, 0, 60))},
-      {"A16", TCIMValue(Type(Type::kCIMTypeUInt16 | Type::kCIMTypeArray), 0)},
-      {"AS", TCIMValue(Type(Type::kCIMTypeString | Type::kCIMTypeArray), 4)}};
-  for (const auto& p : scalars) b.Property(*device, p.first, p.second);
+  // One value of every scalar type and two arrays; declared with null defaults of their types.
+  const std::vector<std::pair<std::string, TCIMValue>> values = {
+      {"B", TCIMValue(true)}, {"U8", TCIMValue(static_cast<unsigned char>(200))},
+      {"S8", TCIMValue(static_cast<signed char>(-100))}, {"U32", TCIMValue(4000000000u)},
+      {"U16", TCIMValue(static_cast<unsigned short>(65535))}, {"S32", TCIMValue(-2000000000)},
+      {"S16", TCIMValue(static_cast<short>(-30000))}, {"R32", TCIMValue(1.5f)},
+      {"U64", TCIMValue(18000000000000000000ul)}, {"R64", TCIMValue(-2.25e300)},
+      {"S64", TCIMValue(-9000000000000000000l)}, {"D", TCIMValue(TCIMDateTime(1, 2, 3, 4, 5))},
+      {"A16", TCIMValue(Type(Type::kCIMTypeUInt16 | Type::kCIMTypeArray), 0,
+                        {TCIMValue(static_cast<unsigned short>(1))})},
+      {"AS", TCIMValue(Type(Type::kCIMTypeString | Type::kCIMTypeArray), 4,
+                       {TCIMValue("a"), TCIMValue("")})}};
+  for (const auto& v : values) {
+    b.Property(*device, v.first, TCIMValue(v.second.GetType(), v.second.GetMaxArraySize()));
+  }
   // A reference declaration's default names its class, which must already exist in a target.
   b.Property(*device, "Peer", b.NullRef("T_Element"));
   b.Property(*device, "Count", TCIMValue(0u));
   device->SetStaticPropertyValue("Count", TCIMValue(2u), b.fContext);
   device->Commit(b.fContext);
-  b.Instance("T_Device", {{"Name", TCIMValue("d1")},
-                          {"B", TCIMValue(true)},
-                          {"U8", TCIMValue(static_cast<unsigned char>(200))},
-                          {"S8", TCIMValue(static_cast<signed char>(-100))},
-                          {"U16", TCIMValue(static_cast<unsigned short>(65535))},
-                          {"S16", TCIMValue(static_cast<short>(-30000))},
-                          {"U32", TCIMValue(4000000000u)},
-                          {"S32", TCIMValue(-2000000000)},
-                          {"U64", TCIMValue(18000000000000000000ul)},
-                          {"S64", TCIMValue(-9000000000000000000l)},
-                          {"R32", TCIMValue(1.5f)},
-                          {"R64", TCIMValue(-2.25e300)},
-                          {"D", TCIMValue(TCIMDateTime(1, 2, 3, 4, 5))},
-                          {"A16", TCIMValue(Type(Type::kCIMTypeUInt16 | Type::kCIMTypeArray), 0,
-                                            {TCIMValue(static_cast<unsigned short>(1)),
-                                             TCIMValue(static_cast<unsigned short>(2))})},
-                          {"AS", TCIMValue(Type(Type::kCIMTypeString | Type::kCIMTypeArray), 4,
-                                           {TCIMValue("a"), TCIMValue("")})},
-                          {"Peer", b.NullRef("T_Device")}});
+  std::vector<std::pair<std::string, TCIMValue>> d1 = values;
+  d1.insert(d1.end(), {{"Name", TCIMValue("d1")}, {"Peer", b.NullRef("T_Device")}});
+  b.Instance("T_Device", d1);
   b.Instance("T_Device",
              {{"Name", TCIMValue("d2")}, {"Peer", b.Ref("T_Device", {{"Name", TCIMValue("d1")}})}});
 

@@ -13,9 +13,23 @@ namespace {
 typedef boost::shared_ptr<TRecording> TLog;
 typedef boost::function<bool(boost::shared_ptr<ICIMQualifier>)> TQualifierCallback;
 
-class TRecQualifier : public ICIMQualifier {
+// What every recording wrapper holds: the element it stands in front of, the label its entries
+// carry, and the recording.
+template <typename Interface>
+class TRec : public Interface {
  public:
-  TRecQualifier(boost::shared_ptr<ICIMQualifier> inner, TLog log) : fInner(inner), fLog(log) {}
+  TRec(boost::shared_ptr<Interface> inner, std::string label, TLog log)
+      : fInner(inner), fLabel(label), fLog(log) {}
+
+ protected:
+  boost::shared_ptr<Interface> fInner;
+  std::string fLabel;
+  TLog fLog;
+};
+
+class TRecQualifier : public TRec<ICIMQualifier> {
+ public:
+  using TRec::TRec;
   void Commit() override {
     fLog->Note("Commit qualifier " + fInner->GetName());
     fInner->Commit();
@@ -26,9 +40,6 @@ class TRecQualifier : public ICIMQualifier {
   const TCIMValue& GetValue() const override { return fInner->GetValue(); }
   const std::string& GetName() const override { return fInner->GetName(); }
 
- private:
-  boost::shared_ptr<ICIMQualifier> fInner;
-  TLog fLog;
 };
 
 boost::shared_ptr<ICIMQualifier> Qualify(ICIMNamedElement& inner, const std::string& owner,
@@ -36,13 +47,12 @@ boost::shared_ptr<ICIMQualifier> Qualify(ICIMNamedElement& inner, const std::str
                                          const TCIMValue& value, const TLog& log) {
   log->Note(owner + " AddQualifier " + declaration->GetName());
   return boost::shared_ptr<ICIMQualifier>(
-      new TRecQualifier(inner.AddQualifier(declaration, value), log));
+      new TRecQualifier(inner.AddQualifier(declaration, value), owner, log));
 }
 
-class TRecQualifierDecl : public ICIMQualifierDecl {
+class TRecQualifierDecl : public TRec<ICIMQualifierDecl> {
  public:
-  TRecQualifierDecl(boost::shared_ptr<ICIMQualifierDecl> inner, TLog log)
-      : fInner(inner), fLog(log) {}
+  using TRec::TRec;
   void Commit() override {
     fLog->Note("Commit declaration " + fInner->GetName());
     fInner->Commit();
@@ -52,15 +62,11 @@ class TRecQualifierDecl : public ICIMQualifierDecl {
   unsigned int GetScope() const override { return fInner->GetScope(); }
   unsigned int GetFlavor() const override { return fInner->GetFlavor(); }
 
- private:
-  boost::shared_ptr<ICIMQualifierDecl> fInner;
-  TLog fLog;
 };
 
-class TRecPropertyDecl : public ICIMPropertyDecl {
+class TRecPropertyDecl : public TRec<ICIMPropertyDecl> {
  public:
-  TRecPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> inner, std::string label, TLog log)
-      : fInner(inner), fLabel(label), fLog(log) {}
+  using TRec::TRec;
   boost::shared_ptr<ICIMQualifier> AddQualifier(boost::shared_ptr<ICIMQualifierDecl> declaration,
                                                 const TCIMValue& value) override {
     return Qualify(*fInner, fLabel, declaration, value, fLog);
@@ -79,16 +85,11 @@ class TRecPropertyDecl : public ICIMPropertyDecl {
   TCIMValue::TCIMType GetType() const override { return fInner->GetType(); }
   const TCIMValue& GetDefaultValue() const override { return fInner->GetDefaultValue(); }
 
- private:
-  boost::shared_ptr<ICIMPropertyDecl> fInner;
-  std::string fLabel;
-  TLog fLog;
 };
 
-class TRecParameterDecl : public ICIMParameterDecl {
+class TRecParameterDecl : public TRec<ICIMParameterDecl> {
  public:
-  TRecParameterDecl(boost::shared_ptr<ICIMParameterDecl> inner, std::string label, TLog log)
-      : fInner(inner), fLabel(label), fLog(log) {}
+  using TRec::TRec;
   boost::shared_ptr<ICIMQualifier> AddQualifier(boost::shared_ptr<ICIMQualifierDecl> declaration,
                                                 const TCIMValue& value) override {
     return Qualify(*fInner, fLabel, declaration, value, fLog);
@@ -103,16 +104,11 @@ class TRecParameterDecl : public ICIMParameterDecl {
     fInner->EnumerateQualifiers(callback);
   }
 
- private:
-  boost::shared_ptr<ICIMParameterDecl> fInner;
-  std::string fLabel;
-  TLog fLog;
 };
 
-class TRecMethodDecl : public ICIMMethodDecl {
+class TRecMethodDecl : public TRec<ICIMMethodDecl> {
  public:
-  TRecMethodDecl(boost::shared_ptr<ICIMMethodDecl> inner, std::string label, TLog log)
-      : fInner(inner), fLabel(label), fLog(log) {}
+  using TRec::TRec;
   boost::shared_ptr<ICIMQualifier> AddQualifier(boost::shared_ptr<ICIMQualifierDecl> declaration,
                                                 const TCIMValue& value) override {
     return Qualify(*fInner, fLabel, declaration, value, fLog);
@@ -137,16 +133,11 @@ class TRecMethodDecl : public ICIMMethodDecl {
     fInner->Commit();
   }
 
- private:
-  boost::shared_ptr<ICIMMethodDecl> fInner;
-  std::string fLabel;
-  TLog fLog;
 };
 
-class TRecInstance : public ICIMInstance {
+class TRecInstance : public TRec<ICIMInstance> {
  public:
-  TRecInstance(boost::shared_ptr<ICIMInstance> inner, std::string label, TLog log)
-      : fInner(inner), fLabel(label), fLog(log) {}
+  using TRec::TRec;
   void Commit(TCIMContext& context) override {
     fLog->Touch(context);
     fLog->Note("Commit instance of " + fLabel);
@@ -170,16 +161,11 @@ class TRecInstance : public ICIMInstance {
     fInner->EnumerateProperties(callback, context);
   }
 
- private:
-  boost::shared_ptr<ICIMInstance> fInner;
-  std::string fLabel;
-  TLog fLog;
 };
 
-class TRecClass : public ICIMClass {
+class TRecClass : public TRec<ICIMClass> {
  public:
-  TRecClass(boost::shared_ptr<ICIMClass> inner, std::string label, TLog log)
-      : fInner(inner), fLabel(label), fLog(log) {}
+  using TRec::TRec;
   const boost::shared_ptr<ICIMClass>& Inner() const { return fInner; }
 
   void Commit(TCIMContext& context) override {
@@ -262,10 +248,6 @@ class TRecClass : public ICIMClass {
     fInner->EnumerateMethodDecls(callback, context);
   }
 
- private:
-  boost::shared_ptr<ICIMClass> fInner;
-  std::string fLabel;
-  TLog fLog;
 };
 
 class TRecNamespace : public ICIMNamespace {
@@ -299,7 +281,7 @@ class TRecNamespace : public ICIMNamespace {
     fLog->Touch(context);
     fLog->Note("CreateQualifierDecl " + name);
     return boost::shared_ptr<ICIMQualifierDecl>(new TRecQualifierDecl(
-        Inner()->CreateQualifierDecl(name, defaultValue, scope, flavor, context), fLog));
+        Inner()->CreateQualifierDecl(name, defaultValue, scope, flavor, context), name, fLog));
   }
   boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(const std::string& name,
                                                         TCIMContext& context) override {
