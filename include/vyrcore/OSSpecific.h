@@ -45,6 +45,10 @@ class VYR_EXPORT TOSSpecific {
   // kVYRStatusFileSystemError, leaving any destination created behind. Kept on purpose: when the
   // source cannot be queried with stat, standard input (descriptor 0) is copied onto itself and
   // closed, so with standard input at end of file the call returns normally and writes nothing.
+  // Host programs must therefore keep standard input open, on /dev/null when they have no input:
+  // a copy from a missing source reads whatever descriptor 0 is and then closes it, and once 0 is
+  // closed the next file the process opens takes that number, so a later such copy reads from
+  // that file and closes it under its owner.
   static void FileCopy(std::string source, std::string destination);
   // Copies a directory's files (and, with recurse, its sub-directories' files) into existing
   // directories; creates none and undoes nothing. Entries whose stat fails are skipped; an
