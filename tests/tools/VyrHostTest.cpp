@@ -17,7 +17,8 @@ TEST(VyrHostTest, CommandLines) {
   } cases[] = {
       {{},
        0,
-       {"Loaded provider library: memory\n", "Registered providers:\n  memory\n",
+       {"Loaded provider library: linux\n", "Loaded provider library: memory\n",
+        "Registered providers:\n  linux\n  memory\n",
         "class VYR_HostCheck created, then found again: yes"}},
       {{"--plugins", kTree + "/missing"},
        1,
