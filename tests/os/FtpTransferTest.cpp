@@ -2,7 +2,9 @@
 // FTP server on 127.0.0.1 (Debian's pyftpdlib, started here), and real broken "libcurl.so" files.
 #include <dlfcn.h>
 #include <netinet/in.h>
+#include <sched.h>
 #include <signal.h>
+#include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -183,6 +185,33 @@ TEST_F(FtpTransferTest, FailuresLogOneMessageAndThrowTheirStatus) {
     }
   }
   EXPECT_FALSE(std::filesystem::exists(fLocal / "x"));
+}
+
+// A name that does not resolve must read as an unreachable server. Shown in a child with a private
+// mount namespace whose host lookup is cut down to /etc/hosts, so that no query leaves the machine.
+TEST_F(FtpTransferTest, UnresolvableServerIsAConnectionFailure) {
+  vyrtest::WriteFile(fLocal / "nsswitch.conf", "hosts: files\n");
+  vyrtest::WriteFile(fLocal / "collection", "gz");
+  const int verdict = vyrtest::RunInChild([&] {
+    if (unshare(CLONE_NEWNS) != 0 || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount((fLocal / "nsswitch.conf").c_str(), "/etc/nsswitch.conf", nullptr, MS_BIND, nullptr) != 0)
+      return 3;  // no isolation: do not try a lookup at all
+    TOSSpecific::SetFTPDownloadBase("ftp://nowhere.invalid/");
+    TOSSpecific::SetFTPUploadBase("ftp://nowhere.invalid/");
+    vyrtest::CoreLog();
+    if (vyrtest::StatusThrownBy([&] { TOSSpecific::FTPFileFromORX(fLocal / "x", "data"); }) !=
+            NORXVYR20::kVYRStatusConnectionFailed ||
+        vyrtest::StatusThrownBy([&] { TOSSpecific::FTPFile(fLocal / "collection", "c"); }) !=
+            NORXVYR20::kVYRStatusConnectionFailed)
+      return 1;
+    return vyrtest::LoggedMessages() ==
+                   std::vector<std::string>{"TOSSpecific|FTPFile: Error connecting to ORX",
+                                            "TOSSpecific|FTPFile: Error connecting to ORX Service"}
+               ? 0
+               : 2;
+  });
+  if (verdict == 3) GTEST_SKIP() << "no private mount namespace here (needs root)";
+  EXPECT_EQ(verdict, 0) << "1: wrong status, 2: wrong log";
 }
 
 // The loader's own text for the failure the probe should meet.
