@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <utility>
 
 #include "core/Fail.h"
 #include "os/ChildProcess.h"
