@@ -41,8 +41,7 @@ void Line(std::ostream& out, const std::string& label, const std::string& text) 
 // The snapshot keeps a null serial number whether the firmware has none or hid it, so the file
 // the provider read is asked again: the firmware makes it readable by root only.
 std::string MissingSerial(const std::string& rootDir) {
-  const std::string path =
-      (rootDir.empty() ? std::string() : rootDir) + "/sys/class/dmi/id/product_serial";
+  const std::string path = rootDir + "/sys/class/dmi/id/product_serial";
   const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (fd >= 0) {
     ::close(fd);
