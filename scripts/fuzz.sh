@@ -6,7 +6,7 @@
 #   scripts/fuzz.sh -runs=10000000       # ten million executions per target
 # Inputs that reach new code are kept in build-fuzz/corpus/<target>/ (the seed corpus in the tree
 # is only read); a crash, a sanitizer report or an input slower than 10 s is written to
-# build-fuzz/artifacts/ and fails the script.
+# build-fuzz/artifacts/ and fails the script (after the other targets have run).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,6 +20,7 @@ cmake -S . -B build-fuzz -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_COMPILER=
 cmake --build build-fuzz -j"$jobs" --target "${targets[@]/#/vyr_fuzz_}" >/dev/null
 
 mkdir -p build-fuzz/artifacts
+failed=()
 for target in "${targets[@]}"; do
   mkdir -p "build-fuzz/corpus/$target"
   log="build-fuzz/$target.log"
@@ -29,8 +30,10 @@ for target in "${targets[@]}"; do
     "build-fuzz/corpus/$target" "fuzz/corpus/$target" >"$log" 2>&1 || status=$?
   if [ "$status" -ne 0 ]; then
     tail -n 40 "$log"
-    echo "fuzz: $target failed (exit status $status); the log is $log" >&2
-    exit 1
+    echo "fuzz: $target FAILED (exit status $status); the log is $log" >&2
+    failed+=("$target")
+    continue
   fi
   echo "fuzz: $target: $(grep -E '^Done ' "$log"), $(grep -E 'stat::average_exec_per_sec' "$log" | awk '{print $2}') exec/s"
 done
+[ ${#failed[@]} -eq 0 ] || { echo "fuzz: failed: ${failed[*]}" >&2; exit 1; }
