@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets everything up, builds, and runs every test twice: once plain (with the check that the
-# installed package can be consumed), once under AddressSanitizer and UndefinedBehaviorSanitizer.
+# installed package can be consumed), once under AddressSanitizer and UndefinedBehaviorSanitizer;
+# then, with clang, runs every fuzz target for a short time (scripts/fuzz.sh).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -18,3 +19,10 @@ cmake --build build-sanitize -j"$jobs"
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_string_checks=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 ctest --test-dir build-sanitize --output-on-failure -j"$jobs"
+
+if command -v clang++ >/dev/null 2>&1; then
+  echo "== fuzz targets (clang: libFuzzer, ASan + UBSan), 20 s each"
+  scripts/fuzz.sh
+else
+  echo "== fuzz targets skipped: clang++ not found"
+fi
