@@ -17,7 +17,7 @@ namespace detail {
 
 TMemoryClass::TMemoryClass(const std::string& name, boost::shared_ptr<TMemoryClass> superclass,
                            boost::weak_ptr<TMemoryNamespaceImpl> owner)
-    : fName(name), fSuperclass(superclass), fOwner(owner) {}
+    : fName(name), fSuperclass(superclass), fOwner(owner), fInstances(*this) {}
 
 TMemoryClass::~TMemoryClass() = default;
 
@@ -80,12 +80,22 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::
   if (fPropertyDecls.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryPropertyDecl> declaration(new TMemoryPropertyDecl(name, defaultValue));
   fPropertyDecls.Add(name, declaration);
+  ForgetDefaults(name);
   return declaration;
 }
 
 boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                   TCIMContext&) {
   return DeclarationOf(name);
+}
+
+// The declaration may hide an inherited one, or give a default where there was none, to the
+// instances of this class and of every class below it.
+void TMemoryClass::ForgetDefaults(const std::string& name) {
+  fInstances.Forget(name);
+  for (const boost::shared_ptr<TMemoryClass>& subclass : fSubclasses) {
+    subclass->ForgetDefaults(name);
+  }
 }
 
 void TMemoryClass::EnumeratePropertyDecls(
@@ -146,7 +156,7 @@ boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& p
     bindings.push_back(std::move(binding));
     return true;
   });
-  return fInstances.Find(bindings, *this);
+  return fInstances.Find(bindings);
 }
 
 void TMemoryClass::EnumerateInstances(

@@ -90,6 +90,7 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
  private:
   bool WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep);
   bool WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback, bool deep);
+  void ForgetDefaults(const std::string& name);
 
   std::string fName;
   boost::shared_ptr<TMemoryClass> fSuperclass;
