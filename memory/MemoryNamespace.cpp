@@ -1,6 +1,8 @@
 // The in-memory namespace: its classes and qualifier declarations, and TMemoryNamespace::Create.
 #include "MemoryNamespace.h"
 
+#include <algorithm>
+
 #include <vyrcore/Status.h>
 #include <vyrcore/vyrmemory.h>
 
@@ -21,9 +23,10 @@ TMemoryNamespaceImpl::TMemoryNamespaceImpl(const std::string& name) : fName(name
 
 TMemoryNamespaceImpl::~TMemoryNamespaceImpl() {
   // Instances, defaults and qualifiers may hold (through reference values) classes of this very
-  // namespace; emptying every class drops those pointers, so the classes can go with us.
-  for (const boost::shared_ptr<TMemoryClass>& cimClass : fClasses.InOrder()) {
-    cimClass->ReleaseMembers();
+  // namespace, their own class included; emptying every class drops those pointers, so the
+  // classes can go with us.
+  for (const boost::weak_ptr<TMemoryClass>& made : fMade) {
+    if (boost::shared_ptr<TMemoryClass> cimClass = made.lock()) cimClass->ReleaseMembers();
   }
 }
 
@@ -36,7 +39,16 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
     parent = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
     if (!parent || !parent->BelongsTo(this)) throw TVYRException(kVYRStatusInvalidClass);
   }
-  return boost::shared_ptr<ICIMClass>(new TMemoryClass(name, parent, shared_from_this()));
+  boost::shared_ptr<TMemoryClass> made(new TMemoryClass(name, parent, shared_from_this()));
+  // Drop the entries of classes already gone whenever the list fills its storage: it stays in
+  // proportion to the classes alive, at amortised constant cost.
+  if (fMade.size() >= 16 && fMade.size() == fMade.capacity()) {
+    fMade.erase(std::remove_if(fMade.begin(), fMade.end(),
+                               [](const boost::weak_ptr<TMemoryClass>& c) { return c.expired(); }),
+                fMade.end());
+  }
+  fMade.push_back(made);
+  return made;
 }
 
 boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {

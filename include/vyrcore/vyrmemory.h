@@ -29,9 +29,10 @@
 // namespace replaced by a stand-in that holds the namespace weakly, so references between the
 // namespace's own instances make no ownership cycle; a reference read back from the namespace
 // therefore answers that stand-in from GetNamespace (it forwards every call while the namespace
-// lives, then throws kVYRStatusNotFound). When the last pointer to the namespace goes, its classes
-// release their members and instances: a class or instance still held elsewhere outlives it only
-// as a shell.
+// lives, then throws kVYRStatusNotFound). When the last pointer to the namespace goes, every class
+// made in it, committed or not, releases its members and instances (so a default that refers to
+// its own class leaks nothing): a class or instance still held elsewhere outlives it only as a
+// shell.
 //
 // Threads: one thread at a time per namespace, everything reached from it included; callers
 // serialise.
