@@ -8,6 +8,7 @@
 #include <vyrcore/Status.h>
 
 #include "MemoryEnumerate.h"
+#include "MemoryFail.h"
 #include "MemoryInstance.h"
 #include "MemoryNamespace.h"
 #include "StoredValue.h"
@@ -114,7 +115,23 @@ boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::FindPropertyDecl(
 
 boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationOf(const std::string& name) const {
   boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
+  if (!declaration) NotFound("unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  return declaration;
+}
+
+boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationFor(const std::string& name,
+                                                                    const TCIMValue& value) const {
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
+  if (!declaration) {
+    Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  }
+  // The type must be the declared one exactly, null values included.
+  const TCIMValue::TCIMType declared = declaration->GetType();
+  if (static_cast<TCIMValue::TCIMType::ECIMType>(declared) != value.GetType()) {
+    Refuse(kVYRStatusTypeMismatch, "property " + Quoted(name) + " of class " + Quoted(fName) +
+                                       " is declared " + TypeText(declared) + ", not " +
+                                       TypeText(value.GetType()));
+  }
   return declaration;
 }
 
@@ -135,8 +152,7 @@ std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDec
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
                                           TCIMContext&) {
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationOf(name);
-  declaration->CheckType(value);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationFor(name, value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   fStaticProperties.Put(name, property);
 }

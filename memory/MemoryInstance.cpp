@@ -63,8 +63,7 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& 
 void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                        TCIMContext&) {
   boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationOf(name);
-  declaration->CheckType(value);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationFor(name, value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   if (fCommitted) cimClass->Instances().Withdraw(*this, name);
   fValues[name] = property;

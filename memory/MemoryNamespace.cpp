@@ -9,6 +9,7 @@
 #include "MemoryClass.h"
 #include "MemoryDeclarations.h"
 #include "MemoryEnumerate.h"
+#include "MemoryFail.h"
 #include "StoredValue.h"
 
 namespace NORXVYR20 {
@@ -37,7 +38,10 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
   boost::shared_ptr<TMemoryClass> parent;
   if (superclass) {
     parent = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
-    if (!parent || !parent->BelongsTo(this)) throw TVYRException(kVYRStatusInvalidClass);
+    if (!parent || !parent->BelongsTo(this)) {
+      Refuse(kVYRStatusInvalidClass, "the superclass of class " + Quoted(name) +
+                                         " is not a class of namespace " + Quoted(fName));
+    }
   }
   boost::shared_ptr<TMemoryClass> made(new TMemoryClass(name, parent, shared_from_this()));
   // Drop the entries of classes already gone whenever the list fills its storage: it stays in
@@ -52,7 +56,9 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
 }
 
 boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {
-  return fClasses.Get(name);
+  boost::shared_ptr<TMemoryClass> found = fClasses.Find(name);
+  if (!found) NotFound("unknown class " + Quoted(name) + " in namespace " + Quoted(fName));
+  return found;
 }
 
 void TMemoryNamespaceImpl::EnumerateClasses(
@@ -71,7 +77,11 @@ boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::CreateQualifierDecl(
 
 boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(const std::string& name,
                                                                             TCIMContext&) {
-  return fQualifierDecls.Get(name);
+  boost::shared_ptr<TMemoryQualifierDecl> found = fQualifierDecls.Find(name);
+  if (!found) {
+    NotFound("unknown qualifier declaration " + Quoted(name) + " in namespace " + Quoted(fName));
+  }
+  return found;
 }
 
 void TMemoryNamespaceImpl::EnumerateQualifierDecls(
