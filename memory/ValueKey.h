@@ -15,7 +15,8 @@
 // absolute date/time's key depends on the process's time zone, as its equality does; FollowsZone
 // says so, and whoever keeps such keys must remake them when the zone changes (ZoneText).
 // Class identities are addresses: a key is meaningful only while the classes it names live (the
-// values the keys were made from keep them alive). Throws nothing. One thread at a time.
+// values the keys were made from keep them alive). Throws only std::bad_alloc. One thread at a
+// time.
 #ifndef VYRMEMORY_VALUEKEY_H
 #define VYRMEMORY_VALUEKEY_H
 
