@@ -83,7 +83,10 @@ void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& va
 
 void TCIMReferenceImpl::EnumerateKeyBindings(
     boost::function<bool(std::pair<std::string, TCIMValue>)> callback) const {
-  for (const auto& binding : fKeyBindings)
+  // The walk runs over a copy: a callback may clear, change or replace (and so destroy) this
+  // reference, and it still gets the bindings as they were when the walk began.
+  const std::map<std::string, TCIMValue> bindings(fKeyBindings);
+  for (const auto& binding : bindings)
     if (!callback(std::pair<std::string, TCIMValue>(binding))) return;
 }
 

@@ -65,7 +65,9 @@ class VYR_EXPORT TCIMReference {
   // value's type must be the declared one (else logged, kVYRStatusTypeMismatch); a name already
   // bound keeps its first value.
   void AddKeyValue(const std::string& name, const TCIMValue& value);
-  // Calls back per binding in ascending name order until the callback returns false.
+  // Calls back per binding in ascending name order until the callback returns false. The walk
+  // covers the bindings as they were when it began: the callback may change, clear or replace
+  // this reference.
   void EnumerateKeyBindings(boost::function<bool(std::pair<std::string, TCIMValue>)> callback) const;
 
   // The class when there are no keys; otherwise the instance, asked of the class once and then

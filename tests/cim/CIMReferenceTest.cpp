@@ -2,6 +2,8 @@
 // ownership of copied bodies. Text forms: ObjectPathTest.cpp.
 #include <vyrcore/CIMReference.h>
 
+#include <functional>
+
 #include "TestNamespace.h"
 #include "support/TestSupport.h"
 
@@ -109,6 +111,31 @@ TEST_F(CIMReferenceTest, ReferenceValuesCarryTheirClass) {
   EXPECT_VYR_STATUS(target.SetReferencedClass(fFoo), kVYRStatusInvalidOpSequence);
   target = TCIMValue(5);
   EXPECT_EQ(target.GetReferencedClass(), fFoo);
+}
+
+// A callback that cleared or replaced the reference it walked freed the map under the walk.
+TEST_F(CIMReferenceTest, EnumerationSurvivesCallbacksThatChangeTheReference) {
+  const struct {
+    const char* what;
+    std::function<void(TCIMReference&)> change;
+    std::vector<std::string> after;
+  } rows[] = {
+      {"Clear", [](TCIMReference& reference) { reference.Clear(); }, {}},
+      {"assign", [this](TCIMReference& reference) { reference = Foo(8); }, {"Id=8"}},
+  };
+  for (const auto& row : rows) {
+    TCIMReference reference = Foo(7);
+    reference.AddKeyValue("Tag", TCIMValue("x"));
+    std::vector<std::string> seen;
+    reference.EnumerateKeyBindings([&](std::pair<std::string, TCIMValue> binding) {
+      seen.push_back(binding.first + "=" + binding.second.ToString());
+      row.change(reference);
+      return true;
+    });
+    // The walk sees the bindings as they were when it began.
+    EXPECT_EQ(seen, (std::vector<std::string>{"Id=7", "Tag=x"})) << row.what;
+    EXPECT_EQ(Bindings(reference), row.after) << row.what;
+  }
 }
 
 }  // namespace
