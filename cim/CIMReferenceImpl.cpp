@@ -6,10 +6,9 @@
 // not) and carry exactly the declared type. A failed operation leaves the reference as it was.
 #include <vyrcore/CIMReferenceImpl.h>
 
-#include <functional>
-
 #include <vyrcore/CIMObjectModel.h>
 
+#include "cim/NestedReferences.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -102,12 +101,11 @@ boost::shared_ptr<ICIMElement> TCIMReferenceImpl::GetCIMElement() const {
 }
 
 bool TCIMReferenceImpl::operator==(const TCIMReferenceImpl& other) const {
-  return fClass == other.fClass && fKeyBindings == other.fKeyBindings;
+  return detail::TNestedReferences::Equal(*this, other);
 }
 
 bool TCIMReferenceImpl::operator<(const TCIMReferenceImpl& other) const {
-  if (fClass != other.fClass) return std::less<ICIMClass*>()(fClass.get(), other.fClass.get());
-  return fKeyBindings < other.fKeyBindings;
+  return detail::TNestedReferences::Compare(*this, other) < 0;
 }
 
 }  // namespace NORXVYR20

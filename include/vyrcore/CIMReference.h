@@ -76,7 +76,10 @@ class VYR_EXPORT TCIMReference {
 
   // Same class object and equal key bindings; namespaces are not compared.
   bool operator==(const TCIMReference& other) const;
-  // By class object address, then key bindings in order.
+  // By class object address, then the key bindings pair by pair, name first, then value (by
+  // TCIMValue's <); when one list runs out first, the shorter orders first. Values that are
+  // neither less nor greater (NaN, two nulls) leave it to the next pair. Both comparisons take
+  // time linear in the size of the two references, nested ones included.
   bool operator<(const TCIMReference& other) const;
 
   TCIMReferenceImpl* GetBody() const;

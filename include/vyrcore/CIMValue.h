@@ -26,6 +26,9 @@ class TCIMDateTime;
 class TCIMReference;
 class ICIMClass;
 class ICIMNamespace;
+namespace detail {
+class TNestedReferences;
+}
 
 class VYR_EXPORT TCIMValue {
  public:
@@ -171,6 +174,10 @@ class VYR_EXPORT TCIMValue {
   bool operator<=(const TCIMValue& other) const;
 
  private:
+  // Orders, compares and reads nested references on the reference a value holds, in place: a
+  // copy per level made those grow faster than the nesting depth.
+  friend class detail::TNestedReferences;
+
   // The scalar setters' common steps: set the type, drop the old body, build Body from value.
   template <typename Body, typename Argument>
   void Install(TCIMType::ECIMType type, const Argument& value);

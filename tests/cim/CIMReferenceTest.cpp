@@ -3,6 +3,8 @@
 #include <vyrcore/CIMReference.h>
 
 #include <functional>
+#include <limits>
+#include <set>
 
 #include "TestNamespace.h"
 #include "support/TestSupport.h"
@@ -17,6 +19,10 @@ class CIMReferenceTest : public ::testing::Test {
  protected:
   boost::shared_ptr<ICIMNamespace> fNamespace = vyrtest::MakeTestNamespace();
   boost::shared_ptr<ICIMClass> fFoo = fNamespace->GetClass("CIM_Foo", NoContext());
+
+  TCIMReference Read(const std::string& path) {
+    return TCIMReference(fNamespace, path, TCIMContext());
+  }
 
   // A reference to CIM_Foo with the given Id bound.
   TCIMReference Foo(unsigned int id) {
@@ -111,6 +117,90 @@ TEST_F(CIMReferenceTest, ReferenceValuesCarryTheirClass) {
   EXPECT_VYR_STATUS(target.SetReferencedClass(fFoo), kVYRStatusInvalidOpSequence);
   target = TCIMValue(5);
   EXPECT_EQ(target.GetReferencedClass(), fFoo);
+}
+
+// A reference read from path, then given the extra bindings (values no path can spell).
+struct TBuilt {
+  const char* path;
+  std::vector<std::pair<const char*, TCIMValue>> extra = {};
+};
+
+TEST_F(CIMReferenceTest, OrdersByClassThenBindingsPairByPair) {
+  const TCIMValue nullId(TCIMValue::TCIMType(6), 0);
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const struct {
+    TBuilt left, right;
+    bool less, greater, equal;
+  } rows[] = {
+      {{"CIM_Foo.Tag=\"x\",Id=\"7\""}, {"CIM_Foo.Id=\"7\",Tag=\"x\""}, false, false, true},
+      {{"CIM_Foo.Id=\"7\",Tag=\"z\""}, {"CIM_Foo.Id=\"8\",Tag=\"a\""}, true, false, false},
+      {{"CIM_Foo.Id=\"7\",Tag=\"b\""}, {"CIM_Foo.Id=\"7\",Tag=\"a\""}, false, true, false},
+      // Fewer bindings first when they agree; names decide before values.
+      {{"CIM_Foo."}, {"CIM_Foo.Id=\"0\""}, true, false, false},
+      {{"CIM_Foo.Id=\"7\""}, {"CIM_Foo.Id=\"7\",Tag=\"\""}, true, false, false},
+      {{"CIM_Foo.Id=\"9\""}, {"CIM_Foo.Tag=\"a\""}, true, false, false},
+      {{"CIM_All.S32=\"-1\""}, {"CIM_All.S32=\"1\""}, true, false, false},
+      // Null keys first; values that are neither less nor greater (two nulls, NaN against
+      // anything) let the next binding decide, though the references are not equal.
+      {{"CIM_Foo", {{"Id", nullId}}}, {"CIM_Foo.Id=\"0\""}, true, false, false},
+      {{"CIM_Foo", {{"Id", nullId}, {"Tag", "b"}}}, {"CIM_Foo", {{"Id", nullId}, {"Tag", "a"}}},
+       false, true, false},
+      {{"CIM_All", {{"R64", nan}, {"S", "a"}}}, {"CIM_All", {{"R64", 1.0}, {"S", "b"}}}, true,
+       false, false},
+      {{"CIM_All", {{"R64", nan}}}, {"CIM_All", {{"R64", nan}}}, false, false, false},
+      // Nested references order by their own bindings, then the next binding decides.
+      {{"CIM_Link.Left=\"CIM_Foo.Id=\"8\"\""}, {"CIM_Link.Left=\"CIM_Foo.Id=\"7\",Tag=\"a\"\""},
+       false, true, false},
+      {{"CIM_Link.Left=\"CIM_Foo.Id=\"7\"\",Label=\"a\""},
+       {"CIM_Link.Label=\"b\",Left=\"CIM_Foo.Id=\"7\"\""}, true, false, false},
+      {{"CIM_Link.Left=\"CIM_Foo.Id=\"7\"\",Right=\"CIM_Foo.Id=\"7\"\""},
+       {"CIM_Link.Right=\"CIM_Foo.Id=\"7\"\",Left=\"CIM_Foo.Id=\"7\"\""}, false, false, true},
+  };
+  for (const auto& row : rows) {
+    TCIMReference left = Read(row.left.path);
+    for (const auto& binding : row.left.extra) left.AddKeyValue(binding.first, binding.second);
+    TCIMReference right = Read(row.right.path);
+    for (const auto& binding : row.right.extra) right.AddKeyValue(binding.first, binding.second);
+    const std::string both = std::string(row.left.path) + " against " + row.right.path;
+    EXPECT_EQ(left < right, row.less) << both;
+    EXPECT_EQ(right < left, row.greater) << both;
+    EXPECT_EQ(left == right, row.equal) << both;
+    // Values holding them order the same way.
+    EXPECT_EQ(TCIMValue(left) < TCIMValue(right), row.less) << both;
+    EXPECT_EQ(TCIMValue(right) < TCIMValue(left), row.greater) << both;
+    EXPECT_EQ(TCIMValue(left) == TCIMValue(right), row.equal) << both;
+  }
+  // Nested classes order by address too, and a comparison that fails passes its status on.
+  const bool fooFirst = fFoo.get() < fNamespace->GetClass("CIM_All", NoContext()).get();
+  EXPECT_EQ(Read("CIM_Link.Left=\"CIM_Foo.Id=\"7\"\"") < Read("CIM_Link.Left=\"CIM_All.B=\"1\"\""),
+            fooFirst);
+  EXPECT_VYR_STATUS(Read("CIM_All.D=\"20200101000000.000000+000\"") <
+                        Read("CIM_All.D=\"00000001020304.000005:000\""),
+                    kVYRStatusInvalidDateTime);
+}
+
+// Each level used to be compared twice and copied once: 22 levels took seconds to order, the 60
+// here would take centuries.
+TEST_F(CIMReferenceTest, DeepReferencesOrderAndCompareInOnePass) {
+  std::string path = "CIM_Foo.Id=\"7\"";
+  std::string greaterPath = "CIM_Foo.Id=\"8\"";
+  for (int level = 0; level < 60; ++level) {
+    path = "CIM_Link.Left=\"" + path + "\"";
+    greaterPath = "CIM_Link.Left=\"" + greaterPath + "\"";
+  }
+  TCIMReference deep = Read(path);
+  TCIMReference copy(deep);
+  TCIMReference greater = Read(greaterPath);
+  EXPECT_TRUE(deep == copy);
+  EXPECT_FALSE(deep < copy);
+  EXPECT_FALSE(copy < deep);
+  EXPECT_TRUE(deep < greater);
+  EXPECT_FALSE(greater < deep);
+  EXPECT_FALSE(deep == greater);
+  // What the in-memory index and value-keyed maps do with them.
+  const std::set<TCIMValue> ordered = {TCIMValue(greater), TCIMValue(deep), TCIMValue(copy)};
+  ASSERT_EQ(ordered.size(), 2u);
+  EXPECT_TRUE(*ordered.begin() == TCIMValue(deep));
 }
 
 // A callback that cleared or replaced the reference it walked freed the map under the walk.
