@@ -33,6 +33,23 @@ bool TNestedReferences::Equal(const TCIMReferenceImpl& a, const TCIMReferenceImp
 
 const TCIMReferenceImpl* TNestedReferences::HeldBy(const TCIMValue& value) { return Held(value); }
 
+void TNestedReferences::Bind(TCIMReferenceImpl& target, const std::string& name,
+                             TCIMReference& nested) {
+  TCIMReferenceImpl& source = *nested.GetBody();
+  // What gets checked and copied is a reference to the same class without bindings; the
+  // bindings follow once the value holding it is in place.
+  TCIMReference shell(source.fNamespace, source.fContext);
+  shell.SetClass(nested.GetClass());
+  const TCIMValue value(shell);
+  const bool fresh = target.fKeyBindings.find(name) == target.fKeyBindings.end();
+  target.AddKeyValue(name, value);
+  // A name bound before keeps its first value: nested is dropped, as its copy would have been.
+  if (!fresh) return;
+  TCIMReferenceImpl& bound = *Held(target.fKeyBindings.find(name)->second);
+  bound.fKeyBindings.swap(source.fKeyBindings);
+  bound.fCachedElement.swap(source.fCachedElement);
+}
+
 int TNestedReferences::Compare(const TCIMValue& a, const TCIMValue& b) {
   const TCIMReferenceImpl* left = Held(a);
   const TCIMReferenceImpl* right = Held(b);

@@ -29,6 +29,11 @@ class TNestedReferences {
   // The reference a value holds; null when the value is null or holds no reference.
   static const TCIMReferenceImpl* HeldBy(const TCIMValue& value);
 
+  // target.AddKeyValue(name, TCIMValue(nested)), with the same checks, log lines and
+  // first-binding-wins, but nested's key bindings and found instance are moved into the bound
+  // value instead of copied. nested is left with its class and no bindings.
+  static void Bind(TCIMReferenceImpl& target, const std::string& name, TCIMReference& nested);
+
  private:
   // Compare and Equal for two values: references level by level, anything else by the value's
   // own operators.

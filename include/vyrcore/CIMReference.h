@@ -47,7 +47,8 @@ class VYR_EXPORT TCIMReference {
   void Clear();
 
   // Reads a path; needs a namespace and neither class nor keys (kVYRStatusInvalidOpSequence);
-  // syntax errors are logged and throw kVYRStatusInvalidReference.
+  // syntax errors, unknown names and nesting deeper than 64 references are logged and throw
+  // kVYRStatusInvalidReference. What was bound before a failure stays.
   void SetPath(const std::string& path);
   // Writes the path; a class must be set.
   std::string GetPath() const;

@@ -131,4 +131,28 @@ TEST_F(ObjectPathTest, WriterWritesNestedReferencesUnescaped) {
   EXPECT_EQ(link.GetPath(), "CIM_Link.Left=\"CIM_Foo\"");
 }
 
+// Nested paths were read by unbounded recursion that copied every level: a few hundred KB of
+// nesting overflowed the stack. Nesting stops at 64 levels below the path itself.
+TEST_F(ObjectPathTest, ReaderTakesSixtyFourNestedLevelsAndRefusesMore) {
+  const auto nested = [](std::size_t levels) {
+    std::string path = "CIM_Foo.Id=\"7\",Tag=\"a\\\"b\"";
+    for (std::size_t level = 0; level < levels; ++level)
+      path = "CIM_Link.Label=\"" + std::to_string(level) + "\",Left=\"" + path + "\"";
+    return path;
+  };
+  const std::string deepest = nested(64);
+  // Written back the same, every level's label included.
+  ExpectRoundTrip(Read(deepest), deepest);
+
+  const std::string tooDeep = nested(65);
+  std::string huge;
+  while (huge.size() < (1u << 20)) huge += "CIM_Link.Left=\"";
+  for (const std::string& path : {tooDeep, huge}) {
+    vyrtest::CoreLog();
+    EXPECT_VYR_STATUS(Read(path), kVYRStatusInvalidReference);
+    EXPECT_EQ(vyrtest::LoggedMessages(),
+              std::vector<std::string>{"Reference nested deeper than 64 references, path=" + path});
+  }
+}
+
 }  // namespace
