@@ -82,8 +82,8 @@ class VYR_EXPORT TCIMValue {
   // An array (see the array Set).
   TCIMValue(TCIMType type, unsigned int maxArraySize, const std::vector<TCIMValue>& elements);
   // Read from text by the declared type; the namespace resolves reference paths
-  // (CIMValueFromText.cpp). Types kCIMTypeNull, kCIMTypeChar16 and arrays throw
-  // kVYRStatusTypeMismatch.
+  // (CIMValueFromText.cpp; each type's text is described with object paths, CIMReference.h).
+  // Types kCIMTypeNull, kCIMTypeChar16 and arrays throw kVYRStatusTypeMismatch.
   TCIMValue(TCIMType type, std::string& text, boost::shared_ptr<ICIMNamespace> cimNamespace);
   TCIMValue(bool value);
   TCIMValue(unsigned char value);

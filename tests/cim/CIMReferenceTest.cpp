@@ -79,11 +79,14 @@ TEST_F(CIMReferenceTest, ResolvesToTheClassOrTheInstanceAndKeepsWhatItFound) {
   EXPECT_FALSE(classOnly.GetCIMElement());
   classOnly.SetClass(fFoo);
   EXPECT_EQ(classOnly.GetCIMElement(), fFoo);
+  EXPECT_EQ(boost::dynamic_pointer_cast<ICIMClass>(classOnly.GetCIMElement()), fFoo);
+  EXPECT_FALSE(boost::dynamic_pointer_cast<ICIMInstance>(classOnly.GetCIMElement()));
   // A failed lookup keeps nothing: once an instance 9 exists, the same reference finds it.
   TCIMReference nine = Foo(9);
   EXPECT_VYR_STATUS(nine.GetCIMElement(), kVYRStatusNotFound);
   const boost::shared_ptr<ICIMInstance> instance = vyrtest::AddFoo(*fNamespace, 9, "z");
-  EXPECT_EQ(nine.GetCIMElement(), instance);
+  EXPECT_EQ(boost::dynamic_pointer_cast<ICIMInstance>(nine.GetCIMElement()), instance);
+  EXPECT_FALSE(boost::dynamic_pointer_cast<ICIMClass>(nine.GetCIMElement()));
   // What was found is kept, by copies too: the instance now has Id 10, and no new lookup is made.
   instance->SetPropertyValue("Id", TCIMValue(10u), NoContext());
   nine.AddKeyValue("Tag", TCIMValue("none"));
@@ -108,7 +111,7 @@ TEST_F(CIMReferenceTest, CopiedBodiesBelongToTheirNewHandle) {
 
 TEST_F(CIMReferenceTest, ReferenceValuesCarryTheirClass) {
   // Only a null value takes a referenced class; null references compare it by identity.
-  TCIMValue target(TCIMValue::TCIMType(15), 0);
+  TCIMValue target(TCIMValue::TCIMType::kCIMTypeReference, 0);
   target.SetReferencedClass(fNamespace->GetClass("CIM_Link", NoContext()));
   EXPECT_FALSE(target == TCIMValue(TCIMValue::TCIMType(15), 0));
   // Copying a reference value copies its class; copying another value keeps the target's own.
