@@ -2,7 +2,8 @@
 # Installs the Debian packages the build and the tests need, when any is missing. Quiet, no prompt.
 set -euo pipefail
 
-packages=(cmake make g++ pkg-config libboost-dev libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(cmake make g++ pkg-config libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
+          e2fsprogs mount)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -133,6 +133,14 @@ class VYR_EXPORT TOSSpecific {
   static std::string BuildSpecificationPath(std::string path);  // extension "pi"
 };
 
+// --- Removable media: SCSI node mapping ----------------------------------------------------------
+// The SCSI disk node (/dev/sda to /dev/sddx) that addresses the same device as the SCSI generic
+// node (such as /dev/sg2): the first disk whose bus number, target, LUN and channel equal the
+// generic node's host, target, LUN and channel. Throws kVYRStatusFileSystemError after logging
+// "Failed opening<node>" (no space), "Failed ioctl on <node>" or "No mapping found for <node>".
+// Closes every descriptor it opens.
+VYR_EXPORT std::string MapSG2SD(std::string genericNode);
+
 }  // namespace NORXVYR20
 
 #endif
