@@ -7,6 +7,7 @@
 #include <vyrcore/CIMDateTimeImpl.h>
 
 #include <cstdint>
+#include <limits>
 
 #include "cim/LocalClock.h"
 #include "core/Fail.h"
@@ -76,7 +77,12 @@ TCIMDateTime AbsoluteFrom(std::int64_t seconds, std::int64_t micros, short utcOf
   // is in force so that the result keeps the wall-clock reading of the input.
   if (fields.tm_isdst > 0 && !detail::BreakDownLocal(seconds - 3600, fields))
     detail::Fail(kVYRStatusInvalidDateTime);
-  return TCIMDateTime(static_cast<unsigned short>(fields.tm_year + 1900),
+  // A result past the year field (65535-12-31 plus a day) would wrap to year 0 and sort before its
+  // operand; like a microsecond count that overflows, it has no value to give. The seconds are
+  // never negative here, so only the top of the field can be passed.
+  const long year = fields.tm_year + 1900L;
+  if (year > std::numeric_limits<unsigned short>::max()) detail::Fail(kVYRStatusInvalidDateTime);
+  return TCIMDateTime(static_cast<unsigned short>(year),
                       static_cast<unsigned short>(fields.tm_mon + 1),
                       static_cast<unsigned int>(fields.tm_mday),
                       static_cast<unsigned short>(fields.tm_hour),

@@ -44,6 +44,9 @@ TLogger* TLogger::GetInstance() { return fgInstance; }
 TLogger::TLogger() = default;
 
 TLogger::~TLogger() {
+  // Host programs delete the process's logger at exit; library code that logs afterwards (a late
+  // failure, a plug-in's static destructor) must find no logger rather than a freed one.
+  if (fgInstance == this) fgInstance = nullptr;
   if (!fLogFilename.empty()) {
     fLogFile << kCloseBanner;
     fLogFile.close();

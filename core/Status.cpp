@@ -50,10 +50,22 @@ const std::string kVYRErrorMessages[zulStatusEnd + 1] = {
     "zulStatusEnd",
 };
 
-const std::string& TVYRStatusCode::TranslateStatusCode() const { return kVYRErrorMessages[fCode]; }
+namespace {
+
+// The text of a code outside the table. Plug-ins built against a newer library may send codes we
+// have no name for; they must still get a text (never a read past the table, never a null what()).
+const std::string kUnknownStatusText = "unknown VYR status code";
+
+bool IsInTable(std::int32_t code) { return code >= 0 && code <= zulStatusEnd; }
+
+}  // namespace
+
+const std::string& TVYRStatusCode::TranslateStatusCode() const {
+  return IsInTable(fCode) ? kVYRErrorMessages[fCode] : kUnknownStatusText;
+}
 
 std::ostream& operator<<(std::ostream& os, TVYRStatusCode code) {
-  if (code.GetCode() >= 0 && code.GetCode() <= zulStatusEnd) return os << code.TranslateStatusCode();
+  if (IsInTable(code.GetCode())) return os << code.TranslateStatusCode();
   return os << code.GetCode();
 }
 

@@ -4,15 +4,11 @@
 
 namespace NORXVYR20 {
 namespace detail {
-namespace {
-
 // dlerror() returns the text once and then null; a failure without text still gets one.
 std::string TakeLoaderError() {
   const char* text = dlerror();
   return text ? text : "unknown dynamic loader error";
 }
-
-}  // namespace
 
 TLoadedLibrary::TLoadedLibrary(const std::string& path)
     : fHandle(dlopen(path.c_str(), RTLD_NOW | RTLD_GLOBAL)) {

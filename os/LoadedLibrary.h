@@ -14,6 +14,9 @@
 namespace NORXVYR20 {
 namespace detail {
 
+// dlerror()'s text of the failure that just happened (a fixed text when the loader gives none).
+std::string TakeLoaderError();
+
 class TLoadedLibrary {
  public:
   explicit TLoadedLibrary(const std::string& path);

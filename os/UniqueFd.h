@@ -36,6 +36,11 @@ class UniqueFd {
     if (fFd >= 0) ::close(fFd);
     fFd = fd;
   }
+  // Closes the descriptor now and returns close's result, for callers that must report it; the
+  // owner is empty afterwards whatever the result.
+  int Close() { return ::close(std::exchange(fFd, -1)); }
+  // Gives the descriptor up to a new owner (a stdio stream, say) and returns it.
+  int Release() { return std::exchange(fFd, -1); }
 
  private:
   int fFd = -1;

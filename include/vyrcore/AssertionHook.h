@@ -11,8 +11,15 @@
 //   anything else        complain on standard error, then act as "throwvyr"
 // Before acting, the message "Boost assertion failure! file:line [expr] func = function" goes to
 // the core logger at error severity when one exists.
+//
+// Every public header that pulls in Boost includes this one first, so that a build without the
+// definition stops here with the reason instead of linking code that disagrees with the library.
 #ifndef VYRCORE_ASSERTIONHOOK_H
 #define VYRCORE_ASSERTIONHOOK_H
+
+#ifndef BOOST_ENABLE_ASSERT_HANDLER
+#error "define BOOST_ENABLE_ASSERT_HANDLER (link vyrcore::vyrcore, or use pkg-config --cflags vyrcore): libvyrcore and every module beside it route Boost's failed assertions to the library's hook, and Boost's inline code compiled without it differs from theirs (a one-definition-rule violation)"
+#endif
 
 #include <boost/assert.hpp>
 

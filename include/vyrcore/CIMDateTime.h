@@ -12,6 +12,8 @@
 
 #include <string>
 
+#include <vyrcore/AssertionHook.h>  // first: it checks the Boost settings
+
 #include <boost/shared_ptr.hpp>
 
 #include <vyrcore/export.h>

@@ -13,7 +13,10 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
+
+#include <vyrcore/AssertionHook.h>  // first: it checks the Boost settings
 
 #include <boost/shared_ptr.hpp>
 
@@ -28,6 +31,10 @@ class ICIMClass;
 class ICIMNamespace;
 
 class VYR_EXPORT TCIMValue {
+  // Enabled for every pointee but char: the guard that keeps pointers from becoming booleans.
+  template <typename T>
+  using NonCharacter = std::enable_if_t<!std::is_same<std::remove_cv_t<T>, char>::value>;
+
  public:
   // The CIM type of a value: an element type in the low four bits, plus kCIMTypeArray for arrays.
   class VYR_EXPORT TCIMType {
@@ -97,11 +104,18 @@ class VYR_EXPORT TCIMValue {
   TCIMValue(const char* value);
   TCIMValue(const TCIMDateTime& value);
   TCIMValue(TCIMReference& value);
+  // A pointer is not a value: without this, `TCIMValue v = &x;` would quietly become the boolean
+  // true. Character pointers stay strings (the const char* constructor above).
+  template <typename T, typename = NonCharacter<T>>
+  TCIMValue(T* pointer) = delete;
   ~TCIMValue();
 
   // Copies other unless the two are already equal (then nothing at all changes). Copying a value
   // of type kCIMTypeNull or kCIMTypeChar16 throws kVYRStatusTypeMismatch after this value's body
-  // was released.
+  // was released. Because the equality test comes first, and date/times of different kinds (a
+  // point in time and an interval) cannot be compared, assigning a non-null interval over a
+  // non-null point in time, or the reverse, throws kVYRStatusInvalidDateTime and leaves this
+  // value as it was. That is the designed behaviour: make the target null first to replace it.
   TCIMValue& operator=(const TCIMValue& other);
   void Set(const TCIMValue& other);
 
@@ -122,6 +136,9 @@ class VYR_EXPORT TCIMValue {
   void Set(const TCIMDateTime& value);
   // Also records the reference's class as the referenced class.
   void Set(TCIMReference& value);
+  // As for construction: a pointer other than a character pointer does not become a boolean.
+  template <typename T, typename = NonCharacter<T>>
+  void Set(T* pointer) = delete;
   // An array of the element type. An element of another type is logged and throws
   // kVYRStatusInvalidProperty; the new array is kept as it is. The bound is not enforced.
   void Set(TCIMType type, unsigned int maxArraySize, const std::vector<TCIMValue>& elements);

@@ -51,11 +51,12 @@ class VYR_EXPORT TLogger : public ILogger {
   // Makes a new logger the process's one; a second call replaces the pointer and leaves the
   // first logger alive, unreferenced.
   static TVYRStatusCode Initialize();
-  // The logger made by Initialize, or null.
+  // The logger made by Initialize, or null (also once that logger was deleted).
   static TLogger* GetInstance();
 
   TLogger();
-  // Writes the closing banner when a log file name is set.
+  // Writes the closing banner when a log file name is set. Deleting the process's logger leaves
+  // GetInstance() null, so code that logs later finds no logger instead of a freed one.
   ~TLogger() override;
 
   // Keeps and/or writes "ZUL_[Tag] message". Throws kVYRStatusFail for a severity outside 0 to 4

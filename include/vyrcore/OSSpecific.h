@@ -8,6 +8,7 @@
 #ifndef VYRCORE_OSSPECIFIC_H
 #define VYRCORE_OSSPECIFIC_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -49,6 +50,10 @@ class VYR_EXPORT TOSSpecific {
   // kVYRStatusFileSystemError, leaving any destination created behind. Kept on purpose: when the
   // source cannot be queried with stat, standard input (descriptor 0) is copied onto itself and
   // closed, so with standard input at end of file the call returns normally and writes nothing.
+  // Host programs must therefore keep standard input open, on /dev/null when they have no input:
+  // a copy from a missing source reads whatever descriptor 0 is and then closes it, and once 0 is
+  // closed the next file the process opens takes that number, so a later such copy reads from
+  // that file and closes it under its owner.
   static void FileCopy(std::string source, std::string destination);
   // Copies a directory's files (and, with recurse, its sub-directories' files) into existing
   // directories; creates none and undoes nothing. Entries whose stat fails are skipped; an
@@ -80,6 +85,61 @@ class VYR_EXPORT TOSSpecific {
   // open: <path>" and throws kVYRStatusFileNotFound; a read that fails (a directory, say) throws
   // as GetFileContents does. The descriptor it opens is closed before it returns.
   static std::string CaptureFile(std::string path);
+
+  // --- Child processes and console --------------------------------------------------------------
+  // SpawnProcess runs program (looked up along PATH, no shell: no quoting, globbing or
+  // redirection) with arguments, its standard output and standard error joined in one pipe in the
+  // order it wrote them and its standard input closed. The whole output is read before the child
+  // is waited for, so a child that leaves its output open to a daemon makes the call wait. A
+  // program that cannot be run is not an error: status 1 and empty output. Failing pipe, fork,
+  // close or waitpid, and a child ended by a signal, log "ERROR: SpawnProcess - <what> ..." and
+  // throw kVYRStatusFail; a failed read throws as GetFileContents does. The three-argument form
+  // returns the exit status (0 to 255) and stores the output; the others return the output.
+  static std::string SpawnProcess(std::string program);
+  static std::string SpawnProcess(std::string program, std::vector<std::string> arguments);
+  static int SpawnProcess(std::string program, std::vector<std::string> arguments,
+                          std::string& output);
+  // The console keys, from standard input with every local-mode flag cleared for the length of
+  // the call (no line editing, no echo, no signal keys) and the settings put back exactly. They
+  // change process-wide terminal state: never call them at the same time. IsKeyWaiting does not
+  // wait; a poll that fails (standard input closed, say) answers true on purpose, and standard
+  // input at end of file is readable, so also true. GetKeyboardChar blocks for one key and
+  // returns it, or EOF.
+  static bool IsKeyWaiting();
+  static int GetKeyboardChar();
+  // Sleeps for milliseconds (not microseconds, whatever the name says); usleep's result.
+  static int USleep(unsigned int milliseconds);
+  // True exactly when the real user ID is 0; the effective user ID is not consulted.
+  static bool IsAdmin();
+  // Runs "vi " + path through the shell and waits. The path is NOT quoted, by design: it reaches
+  // the shell as written, so callers pass trusted paths only (a space splits it, a ";" starts a
+  // second command).
+  static void LaunchTextEditor(std::string path);
+  // Runs "sh" through the shell, for the operator, and returns system()'s result.
+  static int LaunchCommandShell();
+
+  // --- FTP transfer ------------------------------------------------------------------------------
+  // Anonymous FTP through libcurl, which is not linked: "libcurl.so" is opened at every transfer
+  // (lazy binding) and closed again, so a machine without it fails only here. Everything a
+  // transfer acquires (library, global state, handle, file stream) is released on every path.
+  // libcurl's global state is set up and torn down around each transfer: one transfer at a time,
+  // callers serialise. Failures log "TOSSpecific|FTPFile: ..." at error severity; unreachable
+  // servers (name not resolved, connection refused) throw kVYRStatusConnectionFailed, everything
+  // else kVYRStatusLibCurlFailure.
+
+  // The two server roots, ftp URLs ending in "/", are deployment settings. Until a deployment sets
+  // them they name hosts under the reserved ".invalid" domain (or the build's VYR_FTP_*_BASE
+  // cache values), so nothing is sent anywhere by accident.
+  static void SetFTPDownloadBase(std::string base);
+  static void SetFTPUploadBase(std::string base);
+  // Fetches download base + remotePath into localFile, which is created (truncated) only when the
+  // first data arrive: an empty or missing remote file leaves no local file, and a transfer that
+  // fails part way leaves what was written. True on success.
+  static bool FTPFileFromORX(std::string localFile, std::string remotePath);
+  // Sends localFile to upload base + "nimbar/toorx/nimline/zul_upload/" + remoteName + ".xml.gz";
+  // callers pass the name without the suffix. An unreadable local file throws
+  // kVYRStatusLibCurlFailure. True on success.
+  static bool FTPFile(std::string localFile, std::string remoteName);
 
   // --- Plug-in and provider discovery and loading ------------------------------------------------
   // Three families of modules, each found by its file name. Collector plug-ins lie one level of
@@ -165,6 +225,11 @@ class VYR_EXPORT TOSSpecific {
   // "umount <mountPoint>"; kVYRStatusFileSystemError when it fails. device is not used.
   static void UnmountDevice(std::string device, std::string mountPoint);
 };
+
+// The write callback of FTPFileFromORX, for libcurl: sink is the transfer's private download
+// state. Creates the local file on the first call; returns count, or 4294967295 (taken by libcurl
+// as a write error) when the file cannot be created.
+VYR_EXPORT std::size_t curl_fwrite(void* data, std::size_t size, std::size_t count, void* sink);
 
 // --- Removable media: SCSI node mapping ----------------------------------------------------------
 // The SCSI disk node (/dev/sda to /dev/sddx) that addresses the same device as the SCSI generic

@@ -72,8 +72,8 @@ class VYR_EXPORT TVYRStatusCode {
  public:
   TVYRStatusCode(std::int32_t code = kVYRStatusOK) : fCode(code) {}
 
-  // The constant's name. The code indexes the name table unchecked: a code outside 0 to 39 is
-  // the caller's error.
+  // The constant's name; for a code outside 0 to 39 (a newer plug-in may send one) the fixed
+  // text "unknown VYR status code".
   const std::string& TranslateStatusCode() const;
 
   std::int32_t GetCode() const { return fCode; }
@@ -88,7 +88,8 @@ class VYR_EXPORT TVYRStatusCode {
 // Writes the constant's name, or the bare number for a code outside the table.
 VYR_EXPORT std::ostream& operator<<(std::ostream& os, TVYRStatusCode code);
 
-// The library's one exception. what() is exactly the constant's name.
+// The library's one exception. what() is exactly the constant's name, or "unknown VYR status
+// code" for a code outside the table; never null.
 class VYR_EXPORT TVYRException : public std::exception {
  public:
   TVYRException(TVYRStatusCode code) : fStatusCode(code) {}

@@ -17,5 +17,7 @@
 #include <vyrcore/Logger.h>
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>
+#include <vyrcore/CIMCopy.h>
+#include <vyrcore/SchemaHelper.h>
 
 #endif

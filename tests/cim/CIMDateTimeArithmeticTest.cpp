@@ -81,6 +81,9 @@ TEST(CIMDateTimeArithmeticTest, ForbiddenOperandsThrow) {
   // Regression: a day field in the billions passes mktime, and its instant times 10^6 overflowed
   // 64 bits (undefined behaviour, a meaningless result); such sums and differences now throw.
   const TCIMDateTime far(2004, 1, 2000000000u, 0, 0, 0, 0, 0);
+  // Regression: a result past the year field (65535-12-31 plus a day) wrapped to year 0.
+  const TCIMDateTime lastDay(65535, 12, 31, 12, 0, 0, 0, 0);
+  const TCIMDateTime oneDay(1, 0, 0, 0, 0);
   const struct {
     const TCIMDateTime& a;
     char op;
@@ -90,7 +93,7 @@ TEST(CIMDateTimeArithmeticTest, ForbiddenOperandsThrow) {
       {null, '=', absolute},     {interval, '<', null},     {null, '+', interval},
       {interval, '-', null},     {minusOne, '+', interval}, {absolute, '-', minusOne},
       {far, '+', interval},      {far, '-', interval},      {interval, '-', far},
-      {far, '-', absolute},
+      {far, '-', absolute},      {lastDay, '+', oneDay},    {oneDay, '+', lastDay},
   };
   for (const auto& r : rejects) {
     SCOPED_TRACE(std::string("row ") + std::to_string(&r - rejects));
@@ -98,6 +101,7 @@ TEST(CIMDateTimeArithmeticTest, ForbiddenOperandsThrow) {
   }
   EXPECT_EQ(Apply(minusOne, '=', T("19691231235959.000000+000")), "true");
   EXPECT_EQ(Apply(absolute, '<', far), "true");  // comparison needs no microsecond count
+  EXPECT_EQ(Apply(lastDay - oneDay, '+', oneDay), lastDay.ToString());  // the last day still fits
   TCIMDateTime a = absolute, b = interval;
   EXPECT_VYR_STATUS(TCIMDateTime::GetDifference(a, b), kVYRStatusNotImplemented);
 }

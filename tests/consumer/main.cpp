@@ -25,6 +25,11 @@ int main() {
   } catch (const TVYRException& e) {
     if (e.GetStatusCode() != kVYRStatusFail) return 3;
   }
+  // The global copier and the identification queries are exported too.
+  if (TCIMCopy::CopyValue(TCIMValue(5u), {}) != TCIMValue(5u)) return 4;
+  if (!TCIMSchemaHelper::IsValidMTM("1234AB ") ||
+      TCIMSchemaHelper::GetSystemCreationClassName({}) != "ORXSG_ComputerSystem")
+    return 5;
   std::cout << "consumer ok: " << interval.ToString() << "\n";
   return 0;
 }

@@ -32,6 +32,18 @@ int main() {
   } catch (const TVYRException& e) {
     if (e.GetStatusCode() != kVYRStatusNotFound) return 4;
   }
+  // A copy of the namespace, and the machine it describes.
+  boost::shared_ptr<ICIMNamespace> copy = TMemoryNamespace::Create("root/copy");
+  TCIMCopy::CopyClasses(space, copy);
+  TCIMReference copiedPath(copy, "Disk.Name=\"sda\"", TCIMContext());
+  if (!copy->GetClass("Disk", context)->GetInstance(copiedPath, context)) return 5;
+  boost::shared_ptr<ICIMClass> system = copy->CreateClass("ORXSG_ComputerSystem", {}, context);
+  system->CreatePropertyDecl("ProductName", TCIMValue(""), context);
+  system->Commit(context);
+  boost::shared_ptr<ICIMInstance> machine = system->CreateInstance(context);
+  machine->SetPropertyValue("ProductName", TCIMValue("Server-[1234ABC]-"), context);
+  machine->Commit(context);
+  if (TCIMSchemaHelper::GetMTM(copy) != "1234ABC") return 6;
   std::cout << "memory consumer ok: " << path.GetPath() << "\n";
   return 0;
 }

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <vyrcore/CIMValue.h>
 #include <vyrcore/Logger.h>
 #include <vyrcore/OSSpecific.h>
 
@@ -71,6 +72,38 @@ TEST(LoggerTest, PermissionRefusalIsAccessDenied) {
     return vyrtest::StatusThrownBy([&] { TLogger().SetLogFilename(dir / "locked.log"); });
   });
   EXPECT_EQ(status, kVYRStatusAccessDenied);
+}
+
+// Regression: vyr-host deletes the process's logger at exit, and GetInstance() went on returning
+// the freed object, so anything logged afterwards wrote into freed memory.
+TEST(LoggerTest, DeletingTheProcessLoggerLeavesNoInstance) {
+  const struct {
+    const char* story;
+    bool deleteTheInstance;  // else a second logger, not the process's, is destroyed
+    bool instanceLeft;
+  } rows[] = {
+      {"the process's logger deleted", true, false},
+      {"another logger destroyed", false, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.story);
+    // In a child: the test process keeps its own logger.
+    const int status = vyrtest::RunInChild([&] {
+      TLogger::Initialize();
+      TLogger* const instance = TLogger::GetInstance();
+      if (row.deleteTheInstance)
+        delete instance;
+      else
+        TLogger().OutputLogEntry(ILogger::kLogSeverityError, "elsewhere");
+      if ((TLogger::GetInstance() != nullptr) != row.instanceLeft) return 1;
+      if (row.instanceLeft && TLogger::GetInstance() != instance) return 2;
+      // A later failure that logs must still just throw its status.
+      TCIMValue mixed;
+      return vyrtest::StatusThrownBy(
+          [&] { mixed.Set(TCIMValue::TCIMType::kCIMTypeSInt32, 0, {TCIMValue(1L)}); });
+    });
+    EXPECT_EQ(status, kVYRStatusInvalidProperty);
+  }
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Status codes and the library exception: the numbers and names are a binary contract.
+#include <cstdint>
 #include <sstream>
 
 #include <vyrcore/Status.h>
@@ -47,6 +48,21 @@ TEST(StatusTest, StreamsTheNameOrTheBareNumberOutsideTheTable) {
   out << TVYRStatusCode(kVYRStatusNotFound) << ' ' << TVYRStatusCode(40) << ' '
       << TVYRStatusCode(-1);
   EXPECT_EQ(out.str(), "kVYRStatusNotFound 40 -1");
+}
+
+// Regression: a code outside the table (a plug-in built against a newer library may send one)
+// read past the name table, and a null what() put the stream printing it into a failed state.
+TEST(StatusTest, CodesOutsideTheTableGetOneFixedText) {
+  for (const std::int32_t code : {40, 41, 1000, -1, INT32_MIN, INT32_MAX}) {
+    SCOPED_TRACE(code);
+    EXPECT_EQ(TVYRStatusCode(code).TranslateStatusCode(), "unknown VYR status code");
+    const TVYRException e(code);
+    ASSERT_NE(e.what(), nullptr);
+    std::ostringstream out;
+    out << e.what();
+    EXPECT_TRUE(out.good());
+    EXPECT_EQ(out.str(), "unknown VYR status code");
+  }
 }
 
 }  // namespace

@@ -1,20 +1,55 @@
 #include "HostSteps.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <iterator>
 #include <stdexcept>
 
 using namespace NORXVYR20;
 
 namespace {
 
-void Note(const std::string& message) {
-  if (ILogger* logger = TRootObject::GetCoreLogger())
-    logger->OutputLogEntry(ILogger::kLogSeverityStatus, message);
+void Note(const std::string& message,
+          ILogger::EVYRLogSeverity severity = ILogger::kLogSeverityStatus) {
+  if (ILogger* logger = TRootObject::GetCoreLogger()) logger->OutputLogEntry(severity, message);
+}
+
+// The library's status codes say what failed, not which file or why. Where a step involved a path,
+// the host asks the system the same question again and logs the path with the system's answer, so
+// that the failure report shows it. These probes only repeat what the failed call just tried.
+
+// Why the log file cannot be opened as the logger opens it (created or truncated, for writing).
+void NoteWhyNotWritable(const std::string& path) {
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (fd < 0) {
+    Note(path + ": " + std::strerror(errno), ILogger::kLogSeverityError);
+    return;
+  }
+  ::close(fd);
+}
+
+// Which of root and its sub-directories cannot be listed, and why: the first one refused.
+void NoteWhichDirectoryRefuses(const std::string& root) {
+  namespace fs = std::filesystem;
+  std::vector<fs::path> directories = {root};
+  std::error_code error;
+  for (fs::directory_iterator entry(root, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    if (entry->is_directory(ignored)) directories.push_back(entry->path());
+  }
+  for (const fs::path& directory : directories) {
+    fs::directory_iterator listing(directory, error);
+    if (error) {
+      Note(directory.string() + ": " + error.message(), ILogger::kLogSeverityError);
+      return;
+    }
+  }
 }
 
 // FindPlugins tests sub-directory names from the current directory, so the search runs from
@@ -55,7 +90,13 @@ std::string SpecificationOf(const std::string& pluginPath) {
 
 void StartLogger(const std::string& logFile) {
   TLogger::Initialize();
-  if (!logFile.empty()) TRootObject::GetCoreLogger()->SetLogFilename(logFile);
+  if (logFile.empty()) return;
+  try {
+    TRootObject::GetCoreLogger()->SetLogFilename(logFile);
+  } catch (const TVYRException&) {
+    NoteWhyNotWritable(logFile);
+    throw;
+  }
 }
 
 void LoadProviders(std::ostream& out) {
@@ -79,7 +120,14 @@ std::vector<std::unique_ptr<INamespaceConsumer>> LoadConsumers(std::ostream& out
 void LoadPlugins(const std::string& dir, std::ostream& out) {
   const std::string root = AbsoluteDirectory(dir);
   const TEnterDirectory inside(root);
-  for (const std::string& path : TOSSpecific::FindPlugins(root)) {
+  std::vector<std::string> plugins;
+  try {
+    plugins = TOSSpecific::FindPlugins(root);
+  } catch (const TVYRException&) {
+    NoteWhichDirectoryRefuses(root);
+    throw;
+  }
+  for (const std::string& path : plugins) {
     // The handle is not needed here: the plug-in stays loaded, as every plug-in does.
     TOSSpecific::LoadPluginLibrary(path);
     out << "Loaded plug-in: " << path << "\n"
@@ -126,11 +174,18 @@ void ShowMemoryProvider(const std::vector<std::string>& providers, std::ostream&
   Note("vyr-host: used namespace " + name + " of the memory provider");
 }
 
-std::string LastLoggedError() {
+TLogMark::TLogMark() {
+  if (TLogger* logger = TLogger::GetInstance()) fKept = logger->GetLog().size();
+}
+
+std::vector<std::string> TLogMark::ErrorsSince() const {
+  std::vector<std::string> errors;
   TLogger* logger = TLogger::GetInstance();
-  if (!logger) return "";
+  if (!logger) return errors;
   const auto& log = logger->GetLog();
-  for (auto entry = log.rbegin(); entry != log.rend(); ++entry)
-    if (entry->fSeverity == ILogger::kLogSeverityError) return entry->fMessage;
-  return "";
+  auto entry = log.begin();
+  std::advance(entry, std::min(fKept, log.size()));
+  for (; entry != log.end(); ++entry)
+    if (entry->fSeverity == ILogger::kLogSeverityError) errors.push_back(entry->fMessage);
+  return errors;
 }

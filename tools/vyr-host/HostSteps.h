@@ -1,9 +1,10 @@
 // HostSteps.h: what vyr-host does, one function per step, in the order a front end takes them.
 //
 // Each step prints what it did to `out` and notes it in the log at status severity. A failure is
-// thrown: TVYRException from the library (whose message, when it has one, is the newest error in
-// the log: LastLoggedError) or std::runtime_error for the host's own trouble. Loaded libraries
-// stay loaded until the process ends.
+// thrown: TVYRException from the library, whose reasons are the error entries logged meanwhile
+// (see TLogMark), or std::runtime_error for the host's own trouble. Where a step failed on a file
+// or directory, it logs that path with the system's error text before the exception leaves it.
+// Loaded libraries stay loaded until the process ends.
 #ifndef VYR_HOST_HOSTSTEPS_H
 #define VYR_HOST_HOSTSTEPS_H
 
@@ -14,7 +15,8 @@
 
 #include <vyrcore/vyrcore.h>
 
-// Makes the process logger and, when logFile is not empty, starts writing it there.
+// Makes the process logger and, when logFile is not empty, starts writing it there (a refusal
+// logs the file's path and the system's reason).
 void StartLogger(const std::string& logFile);
 
 // Loads every provider library beside libvyrcore; each registers its providers itself.
@@ -24,7 +26,8 @@ void LoadProviders(std::ostream& out);
 std::vector<std::unique_ptr<NORXVYR20::INamespaceConsumer>> LoadConsumers(std::ostream& out);
 
 // Searches the sub-directories of dir (entered for the search, then left again) for collector
-// plug-ins, loads each and prints the path of its specification document.
+// plug-ins, loads each and prints the path of its specification document. A directory that
+// cannot be listed is logged with the system's reason.
 void LoadPlugins(const std::string& dir, std::ostream& out);
 
 // Prints the registered providers in the registry's order and returns their names.
@@ -34,7 +37,15 @@ std::vector<std::string> ListProviders(std::ostream& out);
 // and finds that class again through a second request: the provider keeps its namespaces.
 void ShowMemoryProvider(const std::vector<std::string>& providers, std::ostream& out);
 
-// The message of the newest error-severity entry in the log, or "" when there is none.
-std::string LastLoggedError();
+// Remembers how long the log was when made; ErrorsSince gives the messages of the error-severity
+// entries kept after that, oldest first (none without a logger).
+class TLogMark {
+ public:
+  TLogMark();
+  std::vector<std::string> ErrorsSince() const;
+
+ private:
+  std::size_t fKept = 0;
+};
 
 #endif

@@ -13,15 +13,17 @@ using namespace NORXVYR20;
 
 namespace {
 
-// Runs one step; on failure says which step failed, why, and what the library logged about it.
+// Runs one step; on failure says which step failed, the status, and every error logged meanwhile:
+// the status names the kind of failure, the log lines say what and why.
 bool RunStep(const std::string& what, const std::function<void()>& step) {
+  const TLogMark mark;
   try {
     step();
     return true;
   } catch (const TVYRException& e) {
     std::cerr << "vyr-host: cannot " << what << ": " << e.what() << "\n";
-    const std::string logged = LastLoggedError();
-    if (!logged.empty()) std::cerr << "vyr-host: " << logged << "\n";
+    for (const std::string& logged : mark.ErrorsSince())
+      std::cerr << "vyr-host:   " << logged << "\n";
   } catch (const std::exception& e) {
     std::cerr << "vyr-host: cannot " << what << ": " << e.what() << "\n";
   }
