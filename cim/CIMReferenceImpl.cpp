@@ -6,10 +6,9 @@
 // not) and carry exactly the declared type. A failed operation leaves the reference as it was.
 #include <vyrcore/CIMReferenceImpl.h>
 
-#include <functional>
-
 #include <vyrcore/CIMObjectModel.h>
 
+#include "cim/NestedReferences.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -83,7 +82,10 @@ void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& va
 
 void TCIMReferenceImpl::EnumerateKeyBindings(
     boost::function<bool(std::pair<std::string, TCIMValue>)> callback) const {
-  for (const auto& binding : fKeyBindings)
+  // The walk runs over a copy: a callback may clear, change or replace (and so destroy) this
+  // reference, and it still gets the bindings as they were when the walk began.
+  const std::map<std::string, TCIMValue> bindings(fKeyBindings);
+  for (const auto& binding : bindings)
     if (!callback(std::pair<std::string, TCIMValue>(binding))) return;
 }
 
@@ -99,12 +101,11 @@ boost::shared_ptr<ICIMElement> TCIMReferenceImpl::GetCIMElement() const {
 }
 
 bool TCIMReferenceImpl::operator==(const TCIMReferenceImpl& other) const {
-  return fClass == other.fClass && fKeyBindings == other.fKeyBindings;
+  return detail::TNestedReferences::Equal(*this, other);
 }
 
 bool TCIMReferenceImpl::operator<(const TCIMReferenceImpl& other) const {
-  if (fClass != other.fClass) return std::less<ICIMClass*>()(fClass.get(), other.fClass.get());
-  return fKeyBindings < other.fKeyBindings;
+  return detail::TNestedReferences::Compare(*this, other) < 0;
 }
 
 }  // namespace NORXVYR20

@@ -5,6 +5,7 @@
 // ToString matters to numbers only: arrays pass it to their elements, the others ignore it.
 #include <vyrcore/CIMValueImpl.h>
 
+#include "cim/NestedReferences.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -25,6 +26,14 @@ bool SameKindEqual(const Datum& mine, const TCIMValue& other, TCIMType::ECIMType
 template <typename Datum>
 bool SameKindLess(const Datum& mine, const TCIMValue& other, TCIMType::ECIMType kind) {
   return other.GetType() == kind && mine < other.operator Datum();
+}
+
+// The reference another value holds, reached in place: the reader's copy would copy everything
+// nested below it, once per level compared. A null value fails as its reader would.
+const TCIMReferenceImpl& ReferenceIn(const TCIMValue& other) {
+  const TCIMReferenceImpl* held = detail::TNestedReferences::HeldBy(other);
+  if (!held) detail::Fail(kVYRStatusValueIsNULL);
+  return *held;
 }
 
 }  // namespace
@@ -95,11 +104,13 @@ TCIMReferenceValueImpl::operator TCIMReference() const { return fValue; }
 std::string TCIMReferenceValueImpl::ToString(unsigned char) const { return fValue.GetPath(); }
 
 bool TCIMReferenceValueImpl::operator==(const TCIMValue& other) const {
-  return SameKindEqual(fValue, other, TCIMType::kCIMTypeReference);
+  return other.GetType() == TCIMType::kCIMTypeReference &&
+         detail::TNestedReferences::Equal(*fValue.GetBody(), ReferenceIn(other));
 }
 
 bool TCIMReferenceValueImpl::operator<(const TCIMValue& other) const {
-  return SameKindLess(fValue, other, TCIMType::kCIMTypeReference);
+  return other.GetType() == TCIMType::kCIMTypeReference &&
+         detail::TNestedReferences::Compare(*fValue.GetBody(), ReferenceIn(other)) < 0;
 }
 
 // Arrays.

@@ -11,15 +11,23 @@
 // a quoted value a backslash escapes a double quote or a backslash and is kept before anything
 // else. Deliberate leniencies, kept: a path without "." runs to the end of the whole text, even
 // when nested; "." may separate bindings too; nothing is trimmed, so blanks belong to the names.
+//
+// Nesting is bounded: a path may hold references 64 levels deep, far beyond any real one; deeper
+// text is refused before the recursion could exhaust the stack. Each nested path is read into a
+// reference of its own and its bindings are then moved, not copied, into the value bound above it,
+// so reading stays linear in the length of the text.
 #include <vyrcore/CIMReferenceImpl.h>
 
 #include <vyrcore/CIMObjectModel.h>
 
+#include "cim/NestedReferences.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
 
 namespace {
+
+const int kMaxNesting = 64;
 
 // One parse: the text, the cursor into it (shared with the caller) and where names resolve.
 class TObjectPathReader {
@@ -40,12 +48,12 @@ class TObjectPathReader {
       return;
     }
     const std::string className = fText.substr(fPosition, dot - fPosition);
-    boost::shared_ptr<ICIMClass> cimClass = detail::TranslateNotFound(
+    boost::shared_ptr<ICIMClass> cimClass = LookUp(
         [&] {
           TCIMContext context(fContext);
           return fNamespace->GetClass(className, context);
         },
-        kVYRStatusInvalidReference, "Reference specifies invalid class, path=" + fText);
+        "Reference specifies invalid class, path=");
     target.SetClass(cimClass);
     fPosition = dot;
     ReadKeyBindings(target, cimClass, nested);
@@ -77,27 +85,33 @@ class TObjectPathReader {
     const std::string::size_type equals = fText.find('=', nameStart);
     if (equals == std::string::npos) FailAt("Reference missing property value, path=");
     const std::string name = fText.substr(nameStart, equals - nameStart);
-    boost::shared_ptr<ICIMPropertyDecl> declaration = detail::TranslateNotFound(
+    boost::shared_ptr<ICIMPropertyDecl> declaration = LookUp(
         [&] {
           TCIMContext context;
           return cimClass->GetPropertyDecl(name, context);
         },
-        kVYRStatusInvalidReference,
-        "Reference specifies invalid property, property=" + name + ", path=" + fText);
+        "Reference specifies invalid property, property=" + name + ", path=");
     fPosition = equals + 1;
     if (AtEnd() || Current() != '"') FailAt("Reference missing opening '\"', path=");
-    target.AddKeyValue(name, ReadKeyValue(*declaration));
+    if (declaration->GetDefaultValue().IsReference()) {
+      ReadNestedPath(target, name);
+    } else {
+      std::string text = ReadQuotedText();
+      target.AddKeyValue(name, TCIMValue(declaration->GetType(), text, fNamespace));
+    }
   }
 
-  // keyValue: the cursor starts on the opening quote and ends on the closing one.
-  TCIMValue ReadKeyValue(const ICIMPropertyDecl& declaration) {
-    if (declaration.GetDefaultValue().IsReference()) {
-      TCIMReference nested(fNamespace, fContext);
-      ReadPath(*nested.GetBody());
-      return TCIMValue(nested);
-    }
-    std::string text = ReadQuotedText();
-    return TCIMValue(declaration.GetType(), text, fNamespace);
+  // keyValue of a reference: a nested path, read into a reference of its own and then bound
+  // under name. The cursor starts on the opening quote and ends on the closing one.
+  void ReadNestedPath(TCIMReferenceImpl& target, const std::string& name) {
+    if (fDepth == kMaxNesting)
+      FailAt("Reference nested deeper than " + std::to_string(kMaxNesting) +
+             " references, path=");
+    TCIMReference nested(fNamespace, fContext);
+    ++fDepth;
+    ReadPath(*nested.GetBody());
+    --fDepth;
+    detail::TNestedReferences::Bind(target, name, nested);
   }
 
   std::string ReadQuotedText() {
@@ -121,6 +135,20 @@ class TObjectPathReader {
     }
   }
 
+  // An object-model lookup whose NotFound becomes kVYRStatusInvalidReference, logged as message
+  // and the text; any other status passes on. (Unlike TranslateNotFound, the logged line is made
+  // only on failure: it holds the whole text, and making it for every binding made reading a
+  // long path quadratic.)
+  template <typename Lookup>
+  auto LookUp(Lookup&& lookup, const std::string& message) const -> decltype(lookup()) {
+    try {
+      return lookup();
+    } catch (const TVYRException& e) {
+      if (e.GetStatusCode() != kVYRStatusNotFound) throw TVYRException(e.GetStatusCode());
+    }
+    FailAt(message);
+  }
+
   bool AtEnd() const { return fPosition >= fText.size(); }
   char Current() const { return fText[fPosition]; }
   [[noreturn]] void FailAt(const std::string& message) const {
@@ -131,6 +159,7 @@ class TObjectPathReader {
   unsigned long& fPosition;
   boost::shared_ptr<ICIMNamespace> fNamespace;
   const TCIMContext& fContext;
+  int fDepth = 0;  // how many nested paths the cursor is in
 };
 
 }  // namespace

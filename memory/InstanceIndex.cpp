@@ -1,141 +1,112 @@
-// The committed instances of one class, and the indexes that find them by key values.
+// The committed instances of one class, and the hash tables that find them by key values.
 #include "InstanceIndex.h"
 
 #include <algorithm>
-#include <cmath>
 
-#include <vyrcore/Status.h>
-
+#include "MemoryClass.h"
 #include "MemoryInstance.h"
+#include "ValueKey.h"
 
 namespace NORXVYR20 {
 namespace detail {
 
-bool IsIndexable(const TCIMValue& value) {
-  if (value.IsNull() || value.IsArray()) return false;
-  switch (value.GetType()) {
-    case TCIMValue::TCIMType::kCIMTypeBoolean:
-    case TCIMValue::TCIMType::kCIMTypeUInt8:
-    case TCIMValue::TCIMType::kCIMTypeSInt8:
-    case TCIMValue::TCIMType::kCIMTypeUInt16:
-    case TCIMValue::TCIMType::kCIMTypeSInt16:
-    case TCIMValue::TCIMType::kCIMTypeUInt32:
-    case TCIMValue::TCIMType::kCIMTypeSInt32:
-    case TCIMValue::TCIMType::kCIMTypeUInt64:
-    case TCIMValue::TCIMType::kCIMTypeSInt64:
-    case TCIMValue::TCIMType::kCIMTypeString:
-      return true;
-    // A NaN is neither equal to nor ordered against anything: it would break the multimap.
-    case TCIMValue::TCIMType::kCIMTypeReal32:
-      return !std::isnan(value.operator float());
-    case TCIMValue::TCIMType::kCIMTypeReal64:
-      return !std::isnan(value.operator double());
-    default:
-      return false;
-  }
+namespace {
+
+bool Names(const std::vector<std::string>& names, const std::string& name) {
+  return std::binary_search(names.begin(), names.end(), name);
 }
 
+}  // namespace
+
 bool TInstanceIndex::KeyOf(const TMemoryInstance& instance, const std::vector<std::string>& names,
-                           TKey& key) {
-  key.clear();
+                           TValueKey& key) const {
+  key.Clear();
   for (const std::string& name : names) {
-    const TCIMValue* value = instance.SetValue(name);
-    if (value == nullptr || !IsIndexable(*value)) return false;
-    key.push_back(*value);
+    const TCIMValue* value = instance.EffectiveValue(name, fOwner);
+    if (value == nullptr || !key.Append(*value)) return false;
   }
   return true;
 }
 
-void TInstanceIndex::Enter(TKeyIndex& index, const std::vector<std::string>& names,
-                           TMemoryInstance* instance) {
-  TKey key;
-  if (KeyOf(*instance, names, key)) {
-    index.fByKey.emplace(key, instance);
-  } else {
-    index.fOthers.insert(instance);
+void TInstanceIndex::Enter(TTable& table, const std::vector<std::string>& names,
+                           const TMemoryInstance& instance) {
+  TValueKey key;
+  if (!KeyOf(instance, names, key)) return;
+  table.fByKey[key.Text()].insert(instance.Position());
+  table.fFollowsZone = table.fFollowsZone || key.FollowsZone();
+}
+
+void TInstanceIndex::FollowZone() {
+  std::string zone = ZoneText();
+  if (zone == fZone) return;
+  fZone.swap(zone);
+  for (auto it = fTables.begin(); it != fTables.end();) {
+    it = it->second.fFollowsZone ? fTables.erase(it) : std::next(it);
   }
 }
 
 void TInstanceIndex::Add(const boost::shared_ptr<TMemoryInstance>& instance) {
+  FollowZone();
   instance->SetPosition(fInstances.size());
   fInstances.push_back(instance);
-  for (auto& entry : fIndexes) Enter(entry.second, entry.first, instance.get());
+  for (auto& entry : fTables) Enter(entry.second, entry.first, *instance);
 }
 
-void TInstanceIndex::Withdraw(TMemoryInstance* instance, const std::string& name) {
-  for (auto& entry : fIndexes) {
-    const std::vector<std::string>& names = entry.first;
-    if (!std::binary_search(names.begin(), names.end(), name)) continue;
-    TKeyIndex& index = entry.second;
-    TKey key;
-    if (!KeyOf(*instance, names, key)) {
-      index.fOthers.erase(instance);
-      continue;
-    }
-    auto range = index.fByKey.equal_range(key);
-    for (auto it = range.first; it != range.second; ++it) {
-      if (it->second == instance) {
-        index.fByKey.erase(it);
-        break;
-      }
-    }
+void TInstanceIndex::Withdraw(const TMemoryInstance& instance, const std::string& name) {
+  FollowZone();
+  TValueKey key;
+  for (auto& entry : fTables) {
+    if (!Names(entry.first, name) || !KeyOf(instance, entry.first, key)) continue;
+    auto bucket = entry.second.fByKey.find(key.Text());
+    if (bucket == entry.second.fByKey.end()) continue;
+    bucket->second.erase(instance.Position());
+    if (bucket->second.empty()) entry.second.fByKey.erase(bucket);
   }
 }
 
-void TInstanceIndex::Restore(TMemoryInstance* instance, const std::string& name) {
-  for (auto& entry : fIndexes) {
-    const std::vector<std::string>& names = entry.first;
-    if (std::binary_search(names.begin(), names.end(), name)) {
-      Enter(entry.second, names, instance);
-    }
+void TInstanceIndex::Restore(const TMemoryInstance& instance, const std::string& name) {
+  for (auto& entry : fTables) {
+    if (Names(entry.first, name)) Enter(entry.second, entry.first, instance);
   }
 }
 
-TInstanceIndex::TKeyIndex& TInstanceIndex::IndexFor(const std::vector<std::string>& names) {
-  auto found = fIndexes.find(names);
-  if (found != fIndexes.end()) return found->second;
-  TKeyIndex& index = fIndexes[names];
+void TInstanceIndex::Forget(const std::string& name) {
+  for (auto it = fTables.begin(); it != fTables.end();) {
+    it = Names(it->first, name) ? fTables.erase(it) : std::next(it);
+  }
+}
+
+TInstanceIndex::TTable& TInstanceIndex::TableFor(const std::vector<std::string>& names) {
+  auto found = fTables.find(names);
+  if (found != fTables.end()) return found->second;
+  TTable& table = fTables[names];
   for (const boost::shared_ptr<TMemoryInstance>& instance : fInstances) {
-    Enter(index, names, instance.get());
+    Enter(table, names, *instance);
   }
-  return index;
+  return table;
 }
 
-boost::shared_ptr<TMemoryInstance> TInstanceIndex::Find(const TKeyBindings& bindings,
-                                                        const TMemoryClass& owner) {
-  // The indexable bindings, in name order (a path lists its bindings so): the key of the index
-  // that narrows the search.
+boost::shared_ptr<TMemoryInstance> TInstanceIndex::Find(const TKeyBindings& bindings) {
+  if (bindings.empty()) {
+    // A path without keys: every instance qualifies.
+    return fInstances.empty() ? boost::shared_ptr<TMemoryInstance>() : fInstances.front();
+  }
+  FollowZone();
+  // The bindings come in ascending name order, as the tables' names are kept.
   std::vector<std::string> names;
-  TKey key;
+  TValueKey key;
   for (const std::pair<std::string, TCIMValue>& binding : bindings) {
-    if (IsIndexable(binding.second)) {
-      names.push_back(binding.first);
-      key.push_back(binding.second);
-    }
+    names.push_back(binding.first);
+    if (!key.Append(binding.second)) return boost::shared_ptr<TMemoryInstance>();
   }
-  if (names.empty()) {
-    for (const boost::shared_ptr<TMemoryInstance>& instance : fInstances) {
-      if (instance->Matches(bindings, owner)) return instance;
-    }
-    return boost::shared_ptr<TMemoryInstance>();
-  }
-
-  const TKeyIndex& index = IndexFor(names);
-  const TMemoryInstance* best = nullptr;
-  auto consider = [&](const TMemoryInstance* instance) {
-    if ((best == nullptr || instance->Position() < best->Position()) &&
-        instance->Matches(bindings, owner)) {
-      best = instance;
-    }
-  };
-  auto range = index.fByKey.equal_range(key);
-  for (auto it = range.first; it != range.second; ++it) consider(it->second);
-  for (const TMemoryInstance* instance : index.fOthers) consider(instance);
-  return best == nullptr ? boost::shared_ptr<TMemoryInstance>() : fInstances[best->Position()];
+  const TTable& table = TableFor(names);
+  auto bucket = table.fByKey.find(key.Text());
+  if (bucket == table.fByKey.end()) return boost::shared_ptr<TMemoryInstance>();
+  return fInstances[*bucket->second.begin()];
 }
 
 void TInstanceIndex::Clear() {
-  fIndexes.clear();
+  fTables.clear();
   fInstances.clear();
 }
 

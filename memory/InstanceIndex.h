@@ -1,23 +1,26 @@
 // InstanceIndex.h: the committed instances of one in-memory class, in commit order and indexed for
 // ICIMClass::GetInstance (never installed).
 //
-// A namespace may hold tens of thousands of instances, so a lookup must not compare every one of
-// them. For each set of key names a path has asked with, the index keeps a multimap from the
-// instances' values of those names (a vector of values, ordered by TCIMValue's operator<) to the
-// instances, built on first use and kept current through Withdraw and Restore around every change
-// of a committed instance's value. Only values whose ordering agrees with TCIMValue equality take
-// part: non-null booleans, integers, reals other than NaN, and strings. A key binding of another
-// kind (a reference, a date/time, an array) is checked on the candidates only; an instance whose
-// value of a key name is unset, null or of such a kind waits in a side set that every lookup
-// checks. A path with no indexable binding compares every instance. Lookups answer the first
-// committed match. Throws only what the value types throw. One thread at a time.
+// A namespace may hold tens of thousands of instances of one class, association instances keyed
+// by references among them, so a lookup must not compare every instance. For each set of key
+// names a path has asked with, the index keeps a hash table from the instances' effective values
+// of those names (set, or else their declaration's default), written as value keys (ValueKey.h),
+// to those instances ordered by commit position. Equal keys mean equal values, so a lookup makes
+// the path's key, takes one bucket and answers its first instance: no value is compared, none can
+// throw, and the cost does not depend on the number of instances. An instance whose value of a
+// name equals nothing (a NaN, say), or whose class declares no such name, has no key and no
+// bucket: no path can find it. A table is built on first use and kept current through Withdraw and
+// Restore around a change of a committed instance's value and Forget when a declaration comes in
+// above the instances; tables whose keys hold absolute date/times are remade when the time zone
+// changes. Throws only std::bad_alloc. One thread at a time.
 #ifndef VYRMEMORY_INSTANCEINDEX_H
 #define VYRMEMORY_INSTANCEINDEX_H
 
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,49 +33,56 @@ namespace detail {
 
 class TMemoryClass;
 class TMemoryInstance;
+class TValueKey;
 
 // The key bindings of a path, in the path's (ascending name) order.
 typedef std::vector<std::pair<std::string, TCIMValue>> TKeyBindings;
 
 class TInstanceIndex {
  public:
-  // Appends a newly committed instance and enters it into the indexes already built.
+  // owner: the class whose instances these are; it declares their defaults.
+  explicit TInstanceIndex(const TMemoryClass& owner) : fOwner(owner) {}
+  TInstanceIndex(const TInstanceIndex&) = delete;
+  TInstanceIndex& operator=(const TInstanceIndex&) = delete;
+
+  // Appends a newly committed instance and enters it into the tables already built.
   void Add(const boost::shared_ptr<TMemoryInstance>& instance);
   const std::vector<boost::shared_ptr<TMemoryInstance>>& InCommitOrder() const {
     return fInstances;
   }
 
   // Around a change of a committed instance's value `name`: Withdraw before, Restore after.
-  void Withdraw(TMemoryInstance* instance, const std::string& name);
-  void Restore(TMemoryInstance* instance, const std::string& name);
+  void Withdraw(const TMemoryInstance& instance, const std::string& name);
+  void Restore(const TMemoryInstance& instance, const std::string& name);
+  // A declaration of `name` was made in the class or above it: defaults may have changed.
+  void Forget(const std::string& name);
 
-  // The first committed instance whose values (as seen through owner) equal every binding, or
-  // empty.
-  boost::shared_ptr<TMemoryInstance> Find(const TKeyBindings& bindings, const TMemoryClass& owner);
+  // The first committed instance whose effective values equal every binding, or empty.
+  boost::shared_ptr<TMemoryInstance> Find(const TKeyBindings& bindings);
 
   void Clear();
 
  private:
-  typedef std::vector<TCIMValue> TKey;
-  struct TKeyIndex {
-    std::multimap<TKey, TMemoryInstance*> fByKey;
-    std::unordered_set<TMemoryInstance*> fOthers;
+  // One table: key text to the commit positions of the instances with that key.
+  struct TTable {
+    std::unordered_map<std::string, std::set<std::size_t>> fByKey;
+    bool fFollowsZone = false;
   };
-  typedef std::map<std::vector<std::string>, TKeyIndex> TIndexes;
+  typedef std::map<std::vector<std::string>, TTable> TTables;
 
-  // The instance's key for those names; false when a value is unset or not indexable.
-  static bool KeyOf(const TMemoryInstance& instance, const std::vector<std::string>& names,
-                    TKey& key);
-  static void Enter(TKeyIndex& index, const std::vector<std::string>& names,
-                    TMemoryInstance* instance);
-  TKeyIndex& IndexFor(const std::vector<std::string>& names);
+  // The instance's key for those names; false when it has none.
+  bool KeyOf(const TMemoryInstance& instance, const std::vector<std::string>& names,
+             TValueKey& key) const;
+  void Enter(TTable& table, const std::vector<std::string>& names, const TMemoryInstance& instance);
+  TTable& TableFor(const std::vector<std::string>& names);
+  // Drops the tables whose keys the time zone's change made stale.
+  void FollowZone();
 
+  const TMemoryClass& fOwner;
   std::vector<boost::shared_ptr<TMemoryInstance>> fInstances;
-  TIndexes fIndexes;
+  TTables fTables;
+  std::string fZone;
 };
-
-// True for the values the index orders (see above).
-bool IsIndexable(const TCIMValue& value);
 
 }  // namespace detail
 }  // namespace NORXVYR20

@@ -8,6 +8,7 @@
 #include <vyrcore/Status.h>
 
 #include "MemoryEnumerate.h"
+#include "MemoryFail.h"
 #include "MemoryInstance.h"
 #include "MemoryNamespace.h"
 #include "StoredValue.h"
@@ -17,7 +18,7 @@ namespace detail {
 
 TMemoryClass::TMemoryClass(const std::string& name, boost::shared_ptr<TMemoryClass> superclass,
                            boost::weak_ptr<TMemoryNamespaceImpl> owner)
-    : fName(name), fSuperclass(superclass), fOwner(owner) {}
+    : fName(name), fSuperclass(superclass), fOwner(owner), fInstances(*this) {}
 
 TMemoryClass::~TMemoryClass() = default;
 
@@ -80,12 +81,22 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::
   if (fPropertyDecls.Contains(name)) throw TVYRException(kVYRStatusAlreadyExists);
   boost::shared_ptr<TMemoryPropertyDecl> declaration(new TMemoryPropertyDecl(name, defaultValue));
   fPropertyDecls.Add(name, declaration);
+  ForgetDefaults(name);
   return declaration;
 }
 
 boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                   TCIMContext&) {
   return DeclarationOf(name);
+}
+
+// The declaration may hide an inherited one, or give a default where there was none, to the
+// instances of this class and of every class below it.
+void TMemoryClass::ForgetDefaults(const std::string& name) {
+  fInstances.Forget(name);
+  for (const boost::shared_ptr<TMemoryClass>& subclass : fSubclasses) {
+    subclass->ForgetDefaults(name);
+  }
 }
 
 void TMemoryClass::EnumeratePropertyDecls(
@@ -104,7 +115,23 @@ boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::FindPropertyDecl(
 
 boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationOf(const std::string& name) const {
   boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
-  if (!declaration) throw TVYRException(kVYRStatusNotFound);
+  if (!declaration) NotFound("unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  return declaration;
+}
+
+boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationFor(const std::string& name,
+                                                                    const TCIMValue& value) const {
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = FindPropertyDecl(name);
+  if (!declaration) {
+    Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  }
+  // The type must be the declared one exactly, null values included.
+  const TCIMValue::TCIMType declared = declaration->GetType();
+  if (static_cast<TCIMValue::TCIMType::ECIMType>(declared) != value.GetType()) {
+    Refuse(kVYRStatusTypeMismatch, "property " + Quoted(name) + " of class " + Quoted(fName) +
+                                       " is declared " + TypeText(declared) + ", not " +
+                                       TypeText(value.GetType()));
+  }
   return declaration;
 }
 
@@ -125,8 +152,7 @@ std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDec
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
                                           TCIMContext&) {
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationOf(name);
-  declaration->CheckType(value);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationFor(name, value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
   fStaticProperties.Put(name, property);
 }
@@ -146,7 +172,7 @@ boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& p
     bindings.push_back(std::move(binding));
     return true;
   });
-  return fInstances.Find(bindings, *this);
+  return fInstances.Find(bindings);
 }
 
 void TMemoryClass::EnumerateInstances(

@@ -79,8 +79,13 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool BelongsTo(const TMemoryNamespaceImpl* space) const;
   // The most derived declaration of the name, or empty.
   boost::shared_ptr<TMemoryPropertyDecl> FindPropertyDecl(const std::string& name) const;
-  // The same, but kVYRStatusNotFound when the class sees no declaration of the name.
+  // The same, but kVYRStatusNotFound (logged as a lookup) when the class sees no declaration of
+  // the name.
   boost::shared_ptr<TMemoryPropertyDecl> DeclarationOf(const std::string& name) const;
+  // The declaration a value is set under; logs and throws kVYRStatusNotFound when there is none,
+  // kVYRStatusTypeMismatch when the value's type is not the declared one.
+  boost::shared_ptr<TMemoryPropertyDecl> DeclarationFor(const std::string& name,
+                                                        const TCIMValue& value) const;
   // Every declaration the class sees, inherited first, one per name.
   std::vector<boost::shared_ptr<TMemoryPropertyDecl>> AllPropertyDecls() const;
   TInstanceIndex& Instances() { return fInstances; }
@@ -90,6 +95,7 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
  private:
   bool WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep);
   bool WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback, bool deep);
+  void ForgetDefaults(const std::string& name);
 
   std::string fName;
   boost::shared_ptr<TMemoryClass> fSuperclass;

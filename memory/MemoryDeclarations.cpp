@@ -118,12 +118,6 @@ const std::string& TMemoryPropertyDecl::GetName() const { return fName; }
 TCIMValue::TCIMType TMemoryPropertyDecl::GetType() const { return fDefaultValue.GetType(); }
 const TCIMValue& TMemoryPropertyDecl::GetDefaultValue() const { return fDefaultValue; }
 
-void TMemoryPropertyDecl::CheckType(const TCIMValue& value) const {
-  const TCIMValue::TCIMType::ECIMType declared = fDefaultValue.GetType();
-  const TCIMValue::TCIMType::ECIMType given = value.GetType();
-  if (declared != given) throw TVYRException(kVYRStatusTypeMismatch);
-}
-
 void TMemoryPropertyDecl::ReleaseMembers() { fQualifiers.Clear(); }
 
 // --- TMemoryParameterDecl

@@ -95,8 +95,6 @@ class TMemoryPropertyDecl : public ICIMPropertyDecl {
   TCIMValue::TCIMType GetType() const override;
   const TCIMValue& GetDefaultValue() const override;
 
-  // Throws kVYRStatusTypeMismatch unless value has the declared type (null or not).
-  void CheckType(const TCIMValue& value) const;
   void ReleaseMembers();
 
  private:

@@ -63,12 +63,11 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& 
 void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                        TCIMContext&) {
   boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationOf(name);
-  declaration->CheckType(value);
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationFor(name, value);
   boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
-  if (fCommitted) cimClass->Instances().Withdraw(this, name);
+  if (fCommitted) cimClass->Instances().Withdraw(*this, name);
   fValues[name] = property;
-  if (fCommitted) cimClass->Instances().Restore(this, name);
+  if (fCommitted) cimClass->Instances().Restore(*this, name);
 }
 
 void TMemoryInstance::EnumerateProperties(
@@ -86,23 +85,12 @@ void TMemoryInstance::EnumerateProperties(
   }
 }
 
-const TCIMValue* TMemoryInstance::SetValue(const std::string& name) const {
+const TCIMValue* TMemoryInstance::EffectiveValue(const std::string& name,
+                                                 const TMemoryClass& owner) const {
   auto set = fValues.find(name);
-  return set == fValues.end() ? nullptr : &set->second->GetValue();
-}
-
-bool TMemoryInstance::Matches(const TKeyBindings& bindings, const TMemoryClass& owner) const {
-  for (const std::pair<std::string, TCIMValue>& binding : bindings) {
-    const TCIMValue* value = SetValue(binding.first);
-    boost::shared_ptr<TMemoryPropertyDecl> declaration;
-    if (value == nullptr) {
-      declaration = owner.FindPropertyDecl(binding.first);
-      if (!declaration) return false;
-      value = &declaration->GetDefaultValue();
-    }
-    if (!(*value == binding.second)) return false;
-  }
-  return true;
+  if (set != fValues.end()) return &set->second->GetValue();
+  boost::shared_ptr<TMemoryPropertyDecl> declaration = owner.FindPropertyDecl(name);
+  return declaration ? &declaration->GetDefaultValue() : nullptr;
 }
 
 }  // namespace detail

@@ -17,8 +17,6 @@
 
 #include <vyrcore/CIMObjectModel.h>
 
-#include "InstanceIndex.h"
-
 namespace NORXVYR20 {
 namespace detail {
 
@@ -59,12 +57,9 @@ class TMemoryInstance : public ICIMInstance,
   void EnumerateProperties(boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback,
                            TCIMContext& context) override;
 
-  // For the class's index.
-  // The value set under name, or null when none was set.
-  const TCIMValue* SetValue(const std::string& name) const;
-  // True when the instance's value of every binding's name, set or default (the defaults as
-  // owner, the instance's class, declares them), equals the binding's value.
-  bool Matches(const TKeyBindings& bindings, const TMemoryClass& owner) const;
+  // For the class's index: the value set under name, or else the default of owner's (the
+  // instance's class's) declaration of name; null when owner declares no such name.
+  const TCIMValue* EffectiveValue(const std::string& name, const TMemoryClass& owner) const;
   std::size_t Position() const { return fPosition; }
   void SetPosition(std::size_t position) { fPosition = position; }
 

@@ -1,12 +1,15 @@
 // The in-memory namespace: its classes and qualifier declarations, and TMemoryNamespace::Create.
 #include "MemoryNamespace.h"
 
+#include <algorithm>
+
 #include <vyrcore/Status.h>
 #include <vyrcore/vyrmemory.h>
 
 #include "MemoryClass.h"
 #include "MemoryDeclarations.h"
 #include "MemoryEnumerate.h"
+#include "MemoryFail.h"
 #include "StoredValue.h"
 
 namespace NORXVYR20 {
@@ -21,9 +24,10 @@ TMemoryNamespaceImpl::TMemoryNamespaceImpl(const std::string& name) : fName(name
 
 TMemoryNamespaceImpl::~TMemoryNamespaceImpl() {
   // Instances, defaults and qualifiers may hold (through reference values) classes of this very
-  // namespace; emptying every class drops those pointers, so the classes can go with us.
-  for (const boost::shared_ptr<TMemoryClass>& cimClass : fClasses.InOrder()) {
-    cimClass->ReleaseMembers();
+  // namespace, their own class included; emptying every class drops those pointers, so the
+  // classes can go with us.
+  for (const boost::weak_ptr<TMemoryClass>& made : fMade) {
+    if (boost::shared_ptr<TMemoryClass> cimClass = made.lock()) cimClass->ReleaseMembers();
   }
 }
 
@@ -34,13 +38,27 @@ boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::CreateClass(
   boost::shared_ptr<TMemoryClass> parent;
   if (superclass) {
     parent = boost::dynamic_pointer_cast<TMemoryClass>(superclass);
-    if (!parent || !parent->BelongsTo(this)) throw TVYRException(kVYRStatusInvalidClass);
+    if (!parent || !parent->BelongsTo(this)) {
+      Refuse(kVYRStatusInvalidClass, "the superclass of class " + Quoted(name) +
+                                         " is not a class of namespace " + Quoted(fName));
+    }
   }
-  return boost::shared_ptr<ICIMClass>(new TMemoryClass(name, parent, shared_from_this()));
+  boost::shared_ptr<TMemoryClass> made(new TMemoryClass(name, parent, shared_from_this()));
+  // Drop the entries of classes already gone whenever the list fills its storage: it stays in
+  // proportion to the classes alive, at amortised constant cost.
+  if (fMade.size() >= 16 && fMade.size() == fMade.capacity()) {
+    fMade.erase(std::remove_if(fMade.begin(), fMade.end(),
+                               [](const boost::weak_ptr<TMemoryClass>& c) { return c.expired(); }),
+                fMade.end());
+  }
+  fMade.push_back(made);
+  return made;
 }
 
 boost::shared_ptr<ICIMClass> TMemoryNamespaceImpl::GetClass(const std::string& name, TCIMContext&) {
-  return fClasses.Get(name);
+  boost::shared_ptr<TMemoryClass> found = fClasses.Find(name);
+  if (!found) NotFound("unknown class " + Quoted(name) + " in namespace " + Quoted(fName));
+  return found;
 }
 
 void TMemoryNamespaceImpl::EnumerateClasses(
@@ -59,7 +77,11 @@ boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::CreateQualifierDecl(
 
 boost::shared_ptr<ICIMQualifierDecl> TMemoryNamespaceImpl::GetQualifierDecl(const std::string& name,
                                                                             TCIMContext&) {
-  return fQualifierDecls.Get(name);
+  boost::shared_ptr<TMemoryQualifierDecl> found = fQualifierDecls.Find(name);
+  if (!found) {
+    NotFound("unknown qualifier declaration " + Quoted(name) + " in namespace " + Quoted(fName));
+  }
+  return found;
 }
 
 void TMemoryNamespaceImpl::EnumerateQualifierDecls(

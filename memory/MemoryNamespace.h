@@ -4,9 +4,10 @@
 // It owns its committed classes (by name and in commit order, and the root classes apart) and its
 // committed qualifier declarations (by name and in commit order). Classes and qualifier
 // declarations hold it weakly and enter themselves on Commit through AddClass and AddQualifierDecl.
-// Its destructor empties every class it owns, which breaks the cycles that values referring to
-// classes of the same namespace would otherwise keep alive. Failures are TVYRException as vyrmemory.h lists them.
-// One thread at a time.
+// Its destructor empties every class made in it, committed or not, which breaks the cycles that
+// values referring to classes of the same namespace would otherwise keep alive (a class whose
+// property default refers to the class itself owns itself). Failures are TVYRException as
+// vyrmemory.h lists them. One thread at a time.
 #ifndef VYRMEMORY_MEMORYNAMESPACE_H
 #define VYRMEMORY_MEMORYNAMESPACE_H
 
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include <boost/enable_shared_from_this.hpp>
+#include <boost/weak_ptr.hpp>
 
 #include <vyrcore/CIMObjectModel.h>
 
@@ -63,6 +65,8 @@ class TMemoryNamespaceImpl : public ICIMNamespace,
   std::vector<boost::shared_ptr<TMemoryClass>> fRootClasses;
   TNamedList<TMemoryQualifierDecl> fQualifierDecls;
   boost::shared_ptr<ICIMNamespace> fStandIn;
+  // Every class made here, weakly: those never committed are emptied at teardown too.
+  std::vector<boost::weak_ptr<TMemoryClass>> fMade;
 };
 
 }  // namespace detail

@@ -5,8 +5,7 @@
 // parameter declarations, static values) keeps its elements so: enumerations run in order, lookups
 // by name take one hash probe. Names are unique: Add expects a name not yet there (callers check
 // Contains first, so that their own status is thrown before anything is built), Put replaces an
-// element in its place. Get throws kVYRStatusNotFound for an unknown name. Copyable. One thread at
-// a time.
+// element in its place. Copyable. One thread at a time.
 #ifndef VYRMEMORY_NAMEDLIST_H
 #define VYRMEMORY_NAMEDLIST_H
 
@@ -17,7 +16,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <vyrcore/Status.h>
 
 namespace NORXVYR20 {
 namespace detail {
@@ -46,12 +44,6 @@ class TNamedList {
   TPointer Find(const std::string& name) const {
     auto found = fPositions.find(name);
     return found == fPositions.end() ? TPointer() : fInOrder[found->second];
-  }
-  // The element of that name; kVYRStatusNotFound when there is none.
-  const TPointer& Get(const std::string& name) const {
-    auto found = fPositions.find(name);
-    if (found == fPositions.end()) throw TVYRException(kVYRStatusNotFound);
-    return fInOrder[found->second];
   }
   const std::vector<TPointer>& InOrder() const { return fInOrder; }
   // Hands the elements over in order; the list is left empty.

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Sets everything up, builds, and runs every test twice: once plain (with the check that the
 # installed package can be consumed), once under AddressSanitizer and UndefinedBehaviorSanitizer.
+# In between, with clang, it runs every fuzz target for a short time (scripts/fuzz.sh), so the
+# run still ends with the test summary.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,6 +13,13 @@ echo "== plain build and tests"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure -j"$jobs"
+
+if command -v clang++ >/dev/null 2>&1; then
+  echo "== fuzz targets (clang: libFuzzer, ASan + UBSan), 20 s each"
+  scripts/fuzz.sh
+else
+  echo "== fuzz targets skipped: clang++ not found"
+fi
 
 echo "== sanitized build and tests (ASan + UBSan)"
 cmake -S . -B build-sanitize -DCMAKE_BUILD_TYPE=Debug -DVYR_SANITIZE=ON >/dev/null

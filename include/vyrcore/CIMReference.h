@@ -7,6 +7,34 @@
 // of its own that belongs to the new handle. The text form ("CIM_Foo.Id=\"7\",Tag=\"x\"") is read by
 // SetPath and written by GetPath. Failures throw TVYRException (statuses listed per operation);
 // path and key-type errors are logged first. One thread at a time; callers serialise.
+//
+// Object path text. A class name, then "." and the key bindings, name="value", separated by ","
+// ("." is read too). Every key value stands in double quotes, numbers and booleans too:
+// CIM_Foo.Id="7" binds 7, CIM_Foo.Id=7 is refused. Nothing is trimmed: a blank after a comma
+// belongs to the next name. The class and each name are looked up while reading, and the text of
+// each value is read by the type its property declares, not by its spelling:
+//   string     as it stands, except that \" reads as " and \\ as \; a backslash before anything
+//              else stays: Tag="a\"b" is a"b, Tag="c:\dir" is c:\dir.
+//   integers   the base follows the text ("0x1f" is 31, "010" is 8, "42" is 42); leading blanks
+//              are skipped and reading stops where the number ends ("12abc" is 12). No error:
+//              text without a number, or with one too large for the type, reads as 0, and uint8
+//              and sint8 keep the low byte ("300" is 44 as uint8).
+//   boolean    "true" is true; anything else, "1" and "TRUE" included, is false.
+//   real32/64  decimal with an optional exponent ("-2.25", "1e3"); "nan", "inf" and hexadecimal
+//              read as 0.
+//   datetime   the CIM text form, a point in time "20240131123000.000000+060" or an interval
+//              "00000001020304.000005:000"; anything else throws kVYRStatusInvalidDateTime.
+//   reference  a whole path, unescaped inside the quotes, whose own values keep their escapes:
+//              CIM_Link.Left="CIM_Foo.Id="7",Tag="a\"b"",Label="l". A nested path ends at the
+//              first quote that stands where a separator would; one without keys cannot be read
+//              (it would run to the end of the text). Paths nest at most 64 references deep.
+// A property is read as a reference when its declaration's default value is of reference type,
+// so declare a reference property with a null reference default,
+// TCIMValue(TCIMValue::TCIMType::kCIMTypeReference, 0), and name its target class with
+// SetReferencedClass while it is null. GetPath writes the bindings in name order, each value in
+// its radix-10 text form (reals to six significant digits) with " and \ escaped, nested paths as
+// they stand; it reads back equal except for reals needing more digits, NaN and nested
+// references without keys.
 #ifndef VYRCORE_CIMREFERENCE_H
 #define VYRCORE_CIMREFERENCE_H
 
@@ -47,7 +75,8 @@ class VYR_EXPORT TCIMReference {
   void Clear();
 
   // Reads a path; needs a namespace and neither class nor keys (kVYRStatusInvalidOpSequence);
-  // syntax errors are logged and throw kVYRStatusInvalidReference.
+  // syntax errors, unknown names and nesting deeper than 64 references are logged and throw
+  // kVYRStatusInvalidReference. What was bound before a failure stays.
   void SetPath(const std::string& path);
   // Writes the path; a class must be set.
   std::string GetPath() const;
@@ -65,16 +94,23 @@ class VYR_EXPORT TCIMReference {
   // value's type must be the declared one (else logged, kVYRStatusTypeMismatch); a name already
   // bound keeps its first value.
   void AddKeyValue(const std::string& name, const TCIMValue& value);
-  // Calls back per binding in ascending name order until the callback returns false.
+  // Calls back per binding in ascending name order until the callback returns false. The walk
+  // covers the bindings as they were when it began: the callback may change, clear or replace
+  // this reference.
   void EnumerateKeyBindings(boost::function<bool(std::pair<std::string, TCIMValue>)> callback) const;
 
   // The class when there are no keys; otherwise the instance, asked of the class once and then
-  // kept until Clear (kVYRStatusNotFound when the class has none).
+  // kept until Clear (kVYRStatusNotFound when the class has none). Take it with
+  // boost::dynamic_pointer_cast<ICIMClass> or <ICIMInstance>; the cast to the other kind gives an
+  // empty pointer.
   boost::shared_ptr<ICIMElement> GetCIMElement() const;
 
   // Same class object and equal key bindings; namespaces are not compared.
   bool operator==(const TCIMReference& other) const;
-  // By class object address, then key bindings in order.
+  // By class object address, then the key bindings pair by pair, name first, then value (by
+  // TCIMValue's <); when one list runs out first, the shorter orders first. Values that are
+  // neither less nor greater (NaN, two nulls) leave it to the next pair. Both comparisons take
+  // time linear in the size of the two references, nested ones included.
   bool operator<(const TCIMReference& other) const;
 
   TCIMReferenceImpl* GetBody() const;

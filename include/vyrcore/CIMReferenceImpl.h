@@ -25,6 +25,9 @@ class ICIMClass;
 class ICIMElement;
 class ICIMInstance;
 class ICIMNamespace;
+namespace detail {
+class TNestedReferences;
+}
 
 class VYR_EXPORT TCIMReferenceImpl {
  public:
@@ -63,6 +66,9 @@ class VYR_EXPORT TCIMReferenceImpl {
   bool operator<(const TCIMReferenceImpl& other) const;
 
  private:
+  // Orders, compares and binds nested references level by level, without copies.
+  friend class detail::TNestedReferences;
+
   TCIMReference* fOwner;
   boost::shared_ptr<ICIMNamespace> fNamespace;
   std::map<std::string, TCIMValue> fContext;

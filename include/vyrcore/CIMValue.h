@@ -29,6 +29,9 @@ class TCIMDateTime;
 class TCIMReference;
 class ICIMClass;
 class ICIMNamespace;
+namespace detail {
+class TNestedReferences;
+}
 
 class VYR_EXPORT TCIMValue {
   // Enabled for every pointee but char: the guard that keeps pointers from becoming booleans.
@@ -86,8 +89,8 @@ class VYR_EXPORT TCIMValue {
   // An array (see the array Set).
   TCIMValue(TCIMType type, unsigned int maxArraySize, const std::vector<TCIMValue>& elements);
   // Read from text by the declared type; the namespace resolves reference paths
-  // (CIMValueFromText.cpp). Types kCIMTypeNull, kCIMTypeChar16 and arrays throw
-  // kVYRStatusTypeMismatch.
+  // (CIMValueFromText.cpp; each type's text is described with object paths, CIMReference.h).
+  // Types kCIMTypeNull, kCIMTypeChar16 and arrays throw kVYRStatusTypeMismatch.
   TCIMValue(TCIMType type, std::string& text, boost::shared_ptr<ICIMNamespace> cimNamespace);
   TCIMValue(bool value);
   TCIMValue(unsigned char value);
@@ -188,6 +191,10 @@ class VYR_EXPORT TCIMValue {
   bool operator<=(const TCIMValue& other) const;
 
  private:
+  // Orders, compares and reads nested references on the reference a value holds, in place: a
+  // copy per level made those grow faster than the nesting depth.
+  friend class detail::TNestedReferences;
+
   // The scalar setters' common steps: set the type, drop the old body, build Body from value.
   template <typename Body, typename Argument>
   void Install(TCIMType::ECIMType type, const Argument& value);

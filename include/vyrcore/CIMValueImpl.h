@@ -147,6 +147,9 @@ class VYR_EXPORT TCIMReferenceValueImpl : public TCIMValueImpl {
   bool operator<(const TCIMValue& other) const override;
 
  private:
+  // Reaches fValue in place (see TCIMValue).
+  friend class detail::TNestedReferences;
+
   TCIMReference fValue;
 };
 

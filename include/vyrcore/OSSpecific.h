@@ -11,13 +11,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include <boost/shared_ptr.hpp>
 
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/export.h>
 
 namespace NORXVYR20 {
 
+class ICIMNamespace;
 class INamespaceConsumer;
 
 // Suffix of namespace-provider libraries, ".nsp.so".
@@ -191,12 +195,49 @@ class VYR_EXPORT TOSSpecific {
   // the pattern or the "lib" is missing.
   static std::string BuildSpecificationPath(std::string path, std::string extension);
   static std::string BuildSpecificationPath(std::string path);  // extension "pi"
+
+  // --- Removable media ---------------------------------------------------------------------------
+  // USB drives found among the "ORXSG_SCSIDevice" instances a provider gathered, plus the
+  // built-in diskette drive; mounting through the system's mount and umount commands, run by the
+  // shell (system). Device names and mount points go into those commands unquoted: callers pass
+  // trusted device names only (nodes this library listed, or fixed names), never user text.
+  // Diskette nodes ("/dev/floppy", "/dev/fd0", "/dev/fd1") mount on "/mnt/floppy", every other
+  // device on "/mnt/key"; "/mnt/key" must exist. These change the machine's mount table: one
+  // thread at a time.
+
+  // (device node, text for the user) per drive, in discovery order. A SCSI device is listed when
+  // its "DeviceType" is exactly "Direct Access Device" and its "ProductID", cut at the first
+  // space, tab, newline or carriage return, occurs anywhere in "/proc/bus/usb/devices" (a plain
+  // substring search); its text is "VendorID" (cut the same way) + " - " + that product. A
+  // /dev/sg node is replaced by its disk node (MapSG2SD); one that cannot be mapped is left out.
+  // Then "/mnt/floppy" is created if missing and the diskette nodes are mounted in turn until one
+  // mounts: that one is listed as "Built-in Floppy Drive" and stays mounted. USB drives are not
+  // mounted. A missing USB device list throws kVYRStatusFileNotFound; the namespace's own
+  // failures (no such class, a missing property) pass through.
+  static std::vector<std::pair<std::string, std::string>> EnumerateRemovableMedia(
+      boost::shared_ptr<ICIMNamespace> scsiDevices);
+  // The mount point in use for device: when `mount` already lists the device's mount point
+  // (whatever is mounted there), that point, without mounting. Otherwise "mount <device>
+  // <point>", then "mount <device>1 <point>" (a key with a partition table), the file system
+  // type left to mount. kVYRStatusFileSystemError when neither mounts; nothing is logged and
+  // mount's complaints are discarded.
+  static std::string MountDevice(std::string device);
+  // "umount <mountPoint>"; kVYRStatusFileSystemError when it fails. device is not used.
+  static void UnmountDevice(std::string device, std::string mountPoint);
 };
 
 // The write callback of FTPFileFromORX, for libcurl: sink is the transfer's private download
 // state. Creates the local file on the first call; returns count, or 4294967295 (taken by libcurl
 // as a write error) when the file cannot be created.
 VYR_EXPORT std::size_t curl_fwrite(void* data, std::size_t size, std::size_t count, void* sink);
+
+// --- Removable media: SCSI node mapping ----------------------------------------------------------
+// The SCSI disk node (/dev/sda to /dev/sddx) that addresses the same device as the SCSI generic
+// node (such as /dev/sg2): the first disk whose bus number, target, LUN and channel equal the
+// generic node's host, target, LUN and channel. Throws kVYRStatusFileSystemError after logging
+// "Failed opening<node>" (no space), "Failed ioctl on <node>" or "No mapping found for <node>".
+// Closes every descriptor it opens.
+VYR_EXPORT std::string MapSG2SD(std::string genericNode);
 
 }  // namespace NORXVYR20
 

@@ -18,7 +18,9 @@
 // - Enumerations run in commit (or creation) order: root classes, subclasses pre-order, instances
 //   (deep adds the subclasses' instances after the class's own).
 // - GetInstance finds the first committed instance of the class itself whose values (set, or else
-//   the declaration's default) equal every key binding of the path; an empty pointer when none.
+//   the declaration's default) equal every key binding of the path; an empty pointer when none,
+//   also where comparing would throw (a date/time interval against a point in time). It takes
+//   about constant time whatever the key types and the number of instances.
 // - A property value must have the declared type (kVYRStatusTypeMismatch); a null value of that
 //   type is fine.
 //
@@ -27,9 +29,10 @@
 // namespace replaced by a stand-in that holds the namespace weakly, so references between the
 // namespace's own instances make no ownership cycle; a reference read back from the namespace
 // therefore answers that stand-in from GetNamespace (it forwards every call while the namespace
-// lives, then throws kVYRStatusNotFound). When the last pointer to the namespace goes, its classes
-// release their members and instances: a class or instance still held elsewhere outlives it only
-// as a shell.
+// lives, then throws kVYRStatusNotFound). When the last pointer to the namespace goes, every class
+// made in it, committed or not, releases its members and instances (so a default that refers to
+// its own class leaks nothing): a class or instance still held elsewhere outlives it only as a
+// shell.
 //
 // Threads: one thread at a time per namespace, everything reached from it included; callers
 // serialise.

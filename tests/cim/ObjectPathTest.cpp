@@ -38,6 +38,9 @@ TEST_F(ObjectPathTest, ReaderBindsTypedKeysInNameOrder) {
       {"CIM_Foo.Tag=\" a.b=c, \".Id=\"0x10\",Id=\"8\"", {"Id=16", "Tag= a.b=c, "}},
       // A backslash escapes a quote or a backslash, and is kept before anything else.
       {"CIM_Foo.Tag=\"a\\\"b\\\\c\\n\"", {"Tag=a\"b\\c\\n"}},
+      // Numbers and booleans are read by their declared type, never refused for their text.
+      {"CIM_All.B=\"1\",R64=\"nan\",U8=\"300\",U16=\"70000\"",
+       {"B=false", "R64=0", "U16=0", "U8=44"}},
       // A nested path stands unescaped in the quotes and ends at the first quote where a separator
       // would come.
       {"CIM_Link.Right=\"CIM_Foo.Id=\"8\",Tag=\"y\"\",Left=\"CIM_Foo.Id=\"7\"\",Label=\"l\"",
@@ -114,6 +117,9 @@ TEST_F(ObjectPathTest, WriterEscapesOnlyQuotesAndBackslashesAndNeedsNonNullKeys)
     reference.AddKeyValue("Tag", TCIMValue(row.first));
     ExpectRoundTrip(reference, row.second);
   }
+  TCIMReference real = Read("CIM_All");
+  real.AddKeyValue("R64", TCIMValue(3.14159265));
+  EXPECT_EQ(real.GetPath(), "CIM_All.R64=\"3.14159\"");
   TCIMReference nullKey = Read("CIM_Foo");
   nullKey.AddKeyValue("Id", TCIMValue(TCIMValue::TCIMType(6), 0));
   EXPECT_VYR_STATUS(nullKey.GetPath(), kVYRStatusValueIsNULL);
@@ -129,6 +135,30 @@ TEST_F(ObjectPathTest, WriterWritesNestedReferencesUnescaped) {
   TCIMReference classOnly = Read("CIM_Foo");
   link.AddKeyValue("Left", TCIMValue(classOnly));
   EXPECT_EQ(link.GetPath(), "CIM_Link.Left=\"CIM_Foo\"");
+}
+
+// Nested paths were read by unbounded recursion that copied every level: a few hundred KB of
+// nesting overflowed the stack. Nesting stops at 64 levels below the path itself.
+TEST_F(ObjectPathTest, ReaderTakesSixtyFourNestedLevelsAndRefusesMore) {
+  const auto nested = [](std::size_t levels) {
+    std::string path = "CIM_Foo.Id=\"7\",Tag=\"a\\\"b\"";
+    for (std::size_t level = 0; level < levels; ++level)
+      path = "CIM_Link.Label=\"" + std::to_string(level) + "\",Left=\"" + path + "\"";
+    return path;
+  };
+  const std::string deepest = nested(64);
+  // Written back the same, every level's label included.
+  ExpectRoundTrip(Read(deepest), deepest);
+
+  const std::string tooDeep = nested(65);
+  std::string huge;
+  while (huge.size() < (1u << 20)) huge += "CIM_Link.Left=\"";
+  for (const std::string& path : {tooDeep, huge}) {
+    vyrtest::CoreLog();
+    EXPECT_VYR_STATUS(Read(path), kVYRStatusInvalidReference);
+    EXPECT_EQ(vyrtest::LoggedMessages(),
+              std::vector<std::string>{"Reference nested deeper than 64 references, path=" + path});
+  }
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 // Classes and instances: inheritance, defaults, typed values, association/abstract/root answers.
+#include <functional>
+
 #include "MemoryFixture.h"
 
 namespace vyrtest {
@@ -49,6 +51,57 @@ TEST_F(SchemaTest, ValuesMustHaveTheDeclaredType) {
       EXPECT_EQ(fInstance->GetProperty(c.name, fContext)->GetValue(), c.value) << "case " << i;
     }
   }
+}
+
+// A refusal names what it refused in the log: at error severity where a value or class was
+// refused, at debug severity where a lookup found nothing (callers ask lookups to learn whether a
+// name exists).
+TEST_F(SchemaTest, RefusalsLogWhatWasUnknownOrOfTheWrongType) {
+  boost::shared_ptr<ICIMNamespace> other = TMemoryNamespace::Create("root/other");
+  boost::shared_ptr<ICIMClass> foreign = other->CreateClass("Foreign", {}, fContext);
+  foreign->Commit(fContext);
+  const ILogger::EVYRLogSeverity error = ILogger::kLogSeverityError;
+  const ILogger::EVYRLogSeverity debug = ILogger::kLogSeverityDebug;
+  const struct {
+    std::function<void()> call;
+    int status;
+    ILogger::EVYRLogSeverity severity;
+    std::string message;
+  } cases[] = {
+      {[&] { fInstance->SetPropertyValue("Missing", TCIMValue(5u), fContext); },
+       kVYRStatusNotFound, error, "ERROR: unknown property 'Missing' in class 'Leaf'"},
+      {[&] { fInstance->SetPropertyValue("Size", TCIMValue(5), fContext); },
+       kVYRStatusTypeMismatch, error,
+       "ERROR: property 'Size' of class 'Leaf' is declared uint32, not sint32"},
+      {[&] { fInstance->SetPropertyValue("Name", TCIMValue(Type::kCIMTypeString, 2), fContext); },
+       kVYRStatusTypeMismatch, error,
+       "ERROR: property 'Name' of class 'Leaf' is declared string, not string[]"},
+      {[&] { fLeaf->SetStaticPropertyValue("Extra", TCIMValue(), fContext); },
+       kVYRStatusTypeMismatch, error,
+       "ERROR: property 'Extra' of class 'Leaf' is declared boolean, not type 0"},
+      {[&] { fMiddle->SetStaticPropertyValue("Size ", TCIMValue(1u), fContext); },
+       kVYRStatusNotFound, error, "ERROR: unknown property 'Size ' in class 'Middle'"},
+      {[&] { fNamespace->CreateClass("Stray", foreign, fContext); }, kVYRStatusInvalidClass, error,
+       "ERROR: the superclass of class 'Stray' is not a class of namespace 'root/test'"},
+      {[&] { fInstance->GetProperty("Missing", fContext); }, kVYRStatusNotFound, debug,
+       "unknown property 'Missing' in class 'Leaf'"},
+      {[&] { fBase->GetPropertyDecl("Extra", fContext); }, kVYRStatusNotFound, debug,
+       "unknown property 'Extra' in class 'Base'"},
+      {[&] { fNamespace->GetClass("Foreign", fContext); }, kVYRStatusNotFound, debug,
+       "unknown class 'Foreign' in namespace 'root/test'"},
+      {[&] { fNamespace->GetQualifierDecl("Key", fContext); }, kVYRStatusNotFound, debug,
+       "unknown qualifier declaration 'Key' in namespace 'root/test'"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.message);
+    ILogger& log = CoreLog();
+    log.SetLogThreshold(ILogger::kLogSeverityDebug);
+    EXPECT_EQ(StatusThrownBy(c.call), c.status);
+    ASSERT_EQ(log.GetLog().size(), 1u);
+    EXPECT_EQ(log.GetLog().front().fSeverity, c.severity);
+    EXPECT_EQ(log.GetLog().front().fMessage, c.message);
+  }
+  CoreLog();
 }
 
 TEST_F(MemoryTest, AssociationAbstractAndRootAnswers) {

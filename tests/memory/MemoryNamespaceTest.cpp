@@ -1,4 +1,6 @@
 // The namespace: visibility on Commit, unknown names, enumeration orders, references within it.
+#include <functional>
+
 #include <boost/weak_ptr.hpp>
 
 #include "MemoryFixture.h"
@@ -95,6 +97,48 @@ TEST_F(MemoryTest, StoredReferencesResolveAndMakeNoOwnershipCycle) {
   fNamespace.reset();
   EXPECT_TRUE(space.expired());
   EXPECT_TRUE(weakNode.expired());
+}
+
+// A class never committed is owned by no namespace, so the namespace's teardown did not empty it:
+// one whose own default referred to itself owned itself and leaked.
+TEST(MemoryCycleTest, ClassesNeverCommittedThatReferToThemselvesAreFreed) {
+  typedef boost::shared_ptr<ICIMNamespace> Space;
+  typedef std::function<void(const Space&, const boost::shared_ptr<ICIMClass>&)> Refer;
+  TCIMContext context;
+  const struct {
+    const char* how;
+    Refer refer;
+  } cases[] = {
+      {"a null default expecting the class",
+       [&](const Space&, const boost::shared_ptr<ICIMClass>& self) {
+         TCIMValue expecting(Type::kCIMTypeReference, 0);
+         expecting.SetReferencedClass(self);
+         self->CreatePropertyDecl("Self", expecting, context);
+       }},
+      {"a default naming the class",
+       [&](const Space& space, const boost::shared_ptr<ICIMClass>& self) {
+         TCIMReference path(space, TCIMContext());
+         path.SetClass(self);
+         self->CreatePropertyDecl("Self", TCIMValue(path), context);
+       }},
+      {"a static value naming the class",
+       [&](const Space& space, const boost::shared_ptr<ICIMClass>& self) {
+         self->CreatePropertyDecl("Self", TCIMValue(Type::kCIMTypeReference, 0), context);
+         TCIMReference path(space, TCIMContext());
+         path.SetClass(self);
+         self->SetStaticPropertyValue("Self", TCIMValue(path), context);
+       }},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.how);
+    boost::shared_ptr<ICIMNamespace> space = TMemoryNamespace::Create("root/cycle");
+    boost::shared_ptr<ICIMClass> self = space->CreateClass("Self", {}, context);
+    c.refer(space, self);
+    boost::weak_ptr<ICIMClass> weakSelf = self;
+    self.reset();
+    space.reset();
+    EXPECT_TRUE(weakSelf.expired());
+  }
 }
 
 }  // namespace
