@@ -97,7 +97,14 @@ TEST(VyrHostTest, CommandLines) {
         "vyr-host:   " + dir.Path() + ": Is a directory\n"}},
       {{}, {"--bogus"}, 2, {"vyr-host: unknown argument --bogus", "Usage: vyr-host"}},
       {{}, {"--root"}, 2, {"vyr-host: option --root needs a value", "Usage: vyr-host"}},
-      {{}, {"--help"}, 0, {"--root DIR     read a fixture tree"}},
+      {{}, {"--help"}, 0, {"--root DIR     read a fixture tree", "probes by mounting it on /mnt/floppy"}},
+      // A diskette that mounts would stay mounted: the probe runs in a mount namespace of its own.
+      {{"unshare", "--mount", "--propagation", "private"},
+       {"--media"},
+       0,
+       {std::filesystem::exists("/proc/bus/usb/devices")
+            ? "\nRemovable media:      "
+            : "\nRemovable media:      unavailable (no USB device list /proc/bus/usb/devices)\n"}},
   };
   for (const auto& c : cases) {
     const vyrtest::ProgramResult result = RunHost(c.prefix, c.args);

@@ -9,6 +9,8 @@
 #include <functional>
 #include <map>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include <vyrcore/vyrcore.h>
 #include <vyrcore/vyrmemory.h>
@@ -81,9 +83,26 @@ void ShowScsiDevices(const boost::shared_ptr<ICIMNamespace>& snapshot, std::ostr
         << TextOf(device, "VendorID") << " " << TextOf(device, "ProductID") << "\n";
 }
 
+// The USB drives among the SCSI devices and the diskette drive. Without the kernel's USB device
+// list nothing can be told apart, which is common and no failure of the report.
+void ShowRemovableMedia(const boost::shared_ptr<ICIMNamespace>& snapshot, std::ostream& out) {
+  std::vector<std::pair<std::string, std::string>> drives;
+  try {
+    drives = TOSSpecific::EnumerateRemovableMedia(snapshot);
+  } catch (const TVYRException& e) {
+    Line(out, "Removable media",
+         e.GetStatusCode().GetCode() == kVYRStatusFileNotFound
+             ? "unavailable (no USB device list /proc/bus/usb/devices)"
+             : "unavailable (" + std::string(e.what()) + ")");
+    return;
+  }
+  Line(out, "Removable media", drives.empty() ? "none" : std::to_string(drives.size()));
+  for (const auto& drive : drives) out << "  " << drive.first << ": " << drive.second << "\n";
+}
+
 }  // namespace
 
-void ShowIdentity(const std::string& rootDir, std::ostream& out) {
+void ShowIdentity(const std::string& rootDir, bool media, std::ostream& out) {
   const auto registry = TRootObject::GetNamespaceProviderManager();
   boost::shared_ptr<INamespaceProvider> linux;
   try {
@@ -126,4 +145,5 @@ void ShowIdentity(const std::string& rootDir, std::ostream& out) {
        },
               {{kVYRStatusNotFound, "no version parts"}}));
   ShowScsiDevices(snapshot, out);
+  if (media) ShowRemovableMedia(snapshot, out);
 }

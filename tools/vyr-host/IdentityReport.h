@@ -4,7 +4,8 @@
 // rootDir; "/" when empty), copies it into an in-memory snapshot with TCIMCopy, and prints from
 // the snapshot, through TCIMSchemaHelper, one line per fact: host name, product name, machine type
 // and model, serial number, operating system name, version and type, the data source's version
-// and its parts, then the SCSI devices. A fact the machine does not give reads "unavailable (why)";
+// and its parts, then the SCSI devices; with media, the removable drives found among them and the
+// diskette drive, which is probed by mounting it (a diskette that mounts stays mounted). A fact the machine does not give reads "unavailable (why)";
 // a serial number hidden from an unprivileged user reads "needs root". A missing "linux" provider
 // or a failing copy throws (TVYRException, or std::runtime_error naming the missing provider).
 #ifndef VYR_HOST_IDENTITYREPORT_H
@@ -13,6 +14,6 @@
 #include <ostream>
 #include <string>
 
-void ShowIdentity(const std::string& rootDir, std::ostream& out);
+void ShowIdentity(const std::string& rootDir, bool media, std::ostream& out);
 
 #endif

@@ -44,7 +44,8 @@ int Run(const THostOptions& options) {
        RunStep("load the plug-ins of " + options.fPluginDir,
                [&] { LoadPlugins(options.fPluginDir, std::cout); })) &&
       RunStep("list the providers", [] { ListProviders(std::cout); }) &&
-      RunStep("read this machine's identity", [&] { ShowIdentity(options.fRootDir, std::cout); });
+      RunStep("read this machine's identity",
+              [&] { ShowIdentity(options.fRootDir, options.fMedia, std::cout); });
   consumers.clear();
   // Destroying the logger writes the log file's closing banner.
   delete TLogger::GetInstance();
