@@ -17,22 +17,6 @@ namespace vyrtest {
 
 using namespace NORXVYR20;
 
-// A file with its contents, a directory (path ending in "/"), or a link to `contents`.
-struct TreeEntry {
-  std::string path, contents;
-  bool link = false;
-};
-
-inline void MakeTree(const std::string& root, const std::vector<TreeEntry>& entries) {
-  for (const TreeEntry& entry : entries) {
-    const std::filesystem::path path = std::filesystem::path(root) / entry.path;
-    const bool directory = !entry.link && entry.path.back() == '/';
-    std::filesystem::create_directories(directory ? path : path.parent_path());
-    if (entry.link) std::filesystem::create_symlink(entry.contents, path);
-    if (!entry.link && !directory) WriteFile(path.string(), entry.contents);
-  }
-}
-
 // What the "linux" provider (loaded from beside the private libvyrcore on first use) gathers
 // below root; an empty root leaves the root entry out of the context.
 inline boost::shared_ptr<ICIMNamespace> LinuxNamespace(const std::string& root) {

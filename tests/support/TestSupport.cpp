@@ -148,6 +148,16 @@ void WriteFile(const std::string& path, const std::string& contents) {
   if (!out) throw std::runtime_error("cannot write " + path);
 }
 
+void MakeTree(const std::string& root, const std::vector<TreeEntry>& entries) {
+  for (const TreeEntry& entry : entries) {
+    const std::filesystem::path path = std::filesystem::path(root) / entry.path;
+    const bool directory = !entry.link && entry.path.back() == '/';
+    std::filesystem::create_directories(directory ? path : path.parent_path());
+    if (entry.link) std::filesystem::create_symlink(entry.contents, path);
+    if (!entry.link && !directory) WriteFile(path.string(), entry.contents);
+  }
+}
+
 std::string ReadFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(in), {});

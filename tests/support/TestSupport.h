@@ -121,6 +121,14 @@ std::vector<std::string> LoggedMessages();
 void WriteFile(const std::string& path, const std::string& contents);
 std::string ReadFile(const std::string& path);
 
+// A fixture tree entry: a file with its contents, a directory (path ending in "/"), or a link to
+// `contents`. MakeTree makes each below root, creating the directories on the way.
+struct TreeEntry {
+  std::string path, contents;
+  bool link = false;
+};
+void MakeTree(const std::string& root, const std::vector<TreeEntry>& entries);
+
 }  // namespace vyrtest
 
 #endif

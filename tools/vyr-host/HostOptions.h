@@ -1,7 +1,7 @@
 // HostOptions.h: the command line of vyr-host.
 //
-// vyr-host [--log FILE] [--plugins DIR] [--help]. Parsing is pure: it reads the arguments and
-// reports a mistake as text, printing nothing itself.
+// vyr-host [--root DIR] [--media] [--log FILE] [--plugins DIR] [--help]. Parsing is pure: it
+// reads the arguments and reports a mistake as text, printing nothing itself.
 #ifndef VYR_HOST_HOSTOPTIONS_H
 #define VYR_HOST_HOSTOPTIONS_H
 
@@ -10,8 +10,10 @@
 
 struct THostOptions {
   bool fHelp = false;
+  bool fMedia = false;     // also list the removable media
   std::string fLogFile;    // empty: the log stays in memory
   std::string fPluginDir;  // empty: no collector plug-ins are searched for
+  std::string fRootDir;    // empty: the machine itself ("/") is read
 };
 
 // Fills options from argv[1..argc-1]; on a mistake returns false with a one-line reason in *error.

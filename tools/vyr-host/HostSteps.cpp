@@ -150,30 +150,6 @@ std::vector<std::string> ListProviders(std::ostream& out) {
   return names;
 }
 
-void ShowMemoryProvider(const std::vector<std::string>& providers, std::ostream& out) {
-  if (std::find(providers.begin(), providers.end(), "memory") == providers.end()) {
-    out << "No \"memory\" provider: libmemory.nsp.so does not lie beside libvyrcore.\n";
-    return;
-  }
-  const boost::shared_ptr<INamespaceProvider> memory =
-      TRootObject::GetNamespaceProviderManager()->GetNamespaceProvider("memory");
-  std::map<std::string, TCIMValue> context;
-  const std::string name = "root/vyr-host";
-  const std::string className = "VYR_HostCheck";
-
-  // A class made through the first answer is found through the second: the provider keeps the
-  // namespace it made.
-  const boost::shared_ptr<ICIMNamespace> first = memory->GetNamespace(name, context);
-  const boost::shared_ptr<ICIMClass> made =
-      first->CreateClass(className, boost::shared_ptr<ICIMClass>(), context);
-  made->Commit(context);
-  const boost::shared_ptr<ICIMNamespace> again = memory->GetNamespace(name, context);
-  const boost::shared_ptr<ICIMClass> found = again->GetClass(className, context);
-  out << "Namespace \"" << name << "\" from the memory provider: class " << className
-      << " created, then found again: " << (found == made ? "yes" : "no") << "\n";
-  Note("vyr-host: used namespace " + name + " of the memory provider");
-}
-
 TLogMark::TLogMark() {
   if (TLogger* logger = TLogger::GetInstance()) fKept = logger->GetLog().size();
 }

@@ -33,10 +33,6 @@ void LoadPlugins(const std::string& dir, std::ostream& out);
 // Prints the registered providers in the registry's order and returns their names.
 std::vector<std::string> ListProviders(std::ostream& out);
 
-// Obtains a namespace from the "memory" provider, when it is registered, creates a class in it
-// and finds that class again through a second request: the provider keeps its namespaces.
-void ShowMemoryProvider(const std::vector<std::string>& providers, std::ostream& out);
-
 // Remembers how long the log was when made; ErrorsSince gives the messages of the error-severity
 // entries kept after that, oldest first (none without a logger).
 class TLogMark {

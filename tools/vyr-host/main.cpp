@@ -1,13 +1,15 @@
 // vyr-host: starts the way the collector's front end starts, and shows what it found.
 //
 // It makes the logger, finds libvyrcore's own directory, loads every provider and consumer that
-// lies there (the bundled "memory" provider among them), optionally loads collector plug-ins,
-// then lists the registered providers. See PrintUsage for the command line.
+// lies there (the "linux" and "memory" providers among them), optionally loads collector plug-ins,
+// lists the registered providers, then prints the identity of the machine as the "linux" provider
+// reads it. See PrintUsage for the command line.
 #include <functional>
 #include <iostream>
 
 #include "HostOptions.h"
 #include "HostSteps.h"
+#include "IdentityReport.h"
 
 using namespace NORXVYR20;
 
@@ -33,7 +35,6 @@ bool RunStep(const std::string& what, const std::function<void()>& step) {
 int Run(const THostOptions& options) {
   if (!RunStep("start the log", [&] { StartLogger(options.fLogFile); })) return 1;
   std::vector<std::unique_ptr<INamespaceConsumer>> consumers;
-  std::vector<std::string> providers;
   const bool ok =
       RunStep("find the library directory",
               [] { std::cout << "Library directory: " << TOSSpecific::GetVYRRootPath() << "\n"; }) &&
@@ -42,8 +43,9 @@ int Run(const THostOptions& options) {
       (options.fPluginDir.empty() ||
        RunStep("load the plug-ins of " + options.fPluginDir,
                [&] { LoadPlugins(options.fPluginDir, std::cout); })) &&
-      RunStep("list the providers", [&] { providers = ListProviders(std::cout); }) &&
-      RunStep("use the memory provider", [&] { ShowMemoryProvider(providers, std::cout); });
+      RunStep("list the providers", [] { ListProviders(std::cout); }) &&
+      RunStep("read this machine's identity",
+              [&] { ShowIdentity(options.fRootDir, options.fMedia, std::cout); });
   consumers.clear();
   // Destroying the logger writes the log file's closing banner.
   delete TLogger::GetInstance();
