@@ -6,6 +6,8 @@
 // leave the referenced class and the bound alone.
 #include <vyrcore/CIMValue.h>
 
+#include <typeinfo>
+
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/CIMReference.h>
 #include <vyrcore/CIMValueImpl.h>
@@ -20,12 +22,13 @@ typedef TCIMValue::TCIMType TCIMType;
 
 const std::uint32_t kArrayBit = TCIMType::kCIMTypeArray;
 
-// A deep copy of a body that the value's type says is a Body.
+// A deep copy of a body that the value's type says is a Body. Only this file builds bodies, each
+// of exactly its kind, so comparing the dynamic type is the whole check: a dynamic_cast here
+// cost several percent of copying a namespace.
 template <typename Body>
 TCIMValueImpl* CopyBody(const TCIMValueImpl& body) {
-  const Body* typed = dynamic_cast<const Body*>(&body);
-  if (!typed) detail::Fail(kVYRStatusTypeMismatch);
-  return new Body(*typed);
+  if (typeid(body) != typeid(Body)) detail::Fail(kVYRStatusTypeMismatch);
+  return new Body(static_cast<const Body&>(body));
 }
 
 typedef TCIMValueImpl* (*TBodyCopier)(const TCIMValueImpl&);

@@ -5,13 +5,14 @@
 #include <algorithm>
 #include <utility>
 
+#include <boost/make_shared.hpp>
+
 #include <vyrcore/Status.h>
 
 #include "MemoryEnumerate.h"
 #include "MemoryFail.h"
 #include "MemoryInstance.h"
 #include "MemoryNamespace.h"
-#include "StoredValue.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -101,7 +102,7 @@ void TMemoryClass::ForgetDefaults(const std::string& name) {
 
 void TMemoryClass::EnumeratePropertyDecls(
     boost::function<bool(boost::shared_ptr<ICIMPropertyDecl>)>& callback, TCIMContext&) {
-  EnumerateInOrder(AllPropertyDecls(), callback);
+  EnumerateInOrder(*AllPropertyDecls(), callback);
 }
 
 boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::FindPropertyDecl(
@@ -135,7 +136,13 @@ boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationFor(const std::s
   return declaration;
 }
 
-std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDecls() const {
+boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
+  std::size_t count = 0;
+  for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) {
+    count += c->fPropertyDecls.InOrder().size();
+  }
+  if (fAllDecls && fAllDeclsCount == count) return fAllDecls;
+
   std::vector<const TMemoryClass*> chain;
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) chain.push_back(c);
   std::reverse(chain.begin(), chain.end());
@@ -147,13 +154,15 @@ std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TMemoryClass::AllPropertyDec
       all.Put(declaration->GetName(), declaration);
     }
   }
-  return all.Take();
+  fAllDecls = boost::make_shared<const TPropertyDecls>(all.Take());
+  fAllDeclsCount = count;
+  return fAllDecls;
 }
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
                                           TCIMContext&) {
   boost::shared_ptr<TMemoryPropertyDecl> declaration = DeclarationFor(name, value);
-  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
+  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, value));
   fStaticProperties.Put(name, property);
 }
 
@@ -215,6 +224,7 @@ void TMemoryClass::ReleaseMembers() {
     declaration->ReleaseMembers();
   }
   fPropertyDecls.Clear();
+  fAllDecls.reset();
   fStaticProperties.Clear();
   for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls.InOrder()) {
     method->ReleaseMembers();

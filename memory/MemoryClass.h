@@ -10,6 +10,7 @@
 #ifndef VYRMEMORY_MEMORYCLASS_H
 #define VYRMEMORY_MEMORYCLASS_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -86,8 +87,10 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   // kVYRStatusTypeMismatch when the value's type is not the declared one.
   boost::shared_ptr<TMemoryPropertyDecl> DeclarationFor(const std::string& name,
                                                         const TCIMValue& value) const;
-  // Every declaration the class sees, inherited first, one per name.
-  std::vector<boost::shared_ptr<TMemoryPropertyDecl>> AllPropertyDecls() const;
+  typedef std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TPropertyDecls;
+  // Every declaration the class sees, inherited first, one per name. The list is shared and never
+  // changed: a declaration made later (from a callback walking it, say) makes a new one.
+  boost::shared_ptr<const TPropertyDecls> AllPropertyDecls() const;
   TInstanceIndex& Instances() { return fInstances; }
   // Drops every member, instance and subclass link (the namespace's teardown).
   void ReleaseMembers();
@@ -107,6 +110,12 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   TNamedList<TMemoryProperty> fStaticProperties;
   TNamedList<TMemoryMethodDecl> fMethodDecls;
   TInstanceIndex fInstances;
+  // AllPropertyDecls, kept: every instance enumeration asks for it, and building it anew each
+  // time was a tenth of a namespace copy. Declarations are only ever added (ReleaseMembers, which
+  // empties them, drops this too), so the number of own declarations summed up the superclass
+  // chain changes whenever the list would.
+  mutable boost::shared_ptr<const TPropertyDecls> fAllDecls;
+  mutable std::size_t fAllDeclsCount = 0;
 };
 
 }  // namespace detail

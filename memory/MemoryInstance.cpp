@@ -17,7 +17,7 @@ TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declarat
 
 TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
                                  const TCIMValue& value)
-    : fDeclaration(declaration), fOwnValue(true), fValue(value) {}
+    : fDeclaration(declaration), fOwnValue(true), fValue(StoredValue(value)) {}
 
 TMemoryProperty::~TMemoryProperty() = default;
 
@@ -64,7 +64,7 @@ void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue&
                                        TCIMContext&) {
   boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
   boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationFor(name, value);
-  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, StoredValue(value)));
+  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, value));
   if (fCommitted) cimClass->Instances().Withdraw(*this, name);
   fValues[name] = property;
   if (fCommitted) cimClass->Instances().Restore(*this, name);
@@ -72,8 +72,10 @@ void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue&
 
 void TMemoryInstance::EnumerateProperties(
     boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback, TCIMContext&) {
-  for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration :
-       LiveClass()->AllPropertyDecls()) {
+  // Held for the walk: a callback may declare a property and so replace the class's list.
+  const boost::shared_ptr<const TMemoryClass::TPropertyDecls> declarations =
+      LiveClass()->AllPropertyDecls();
+  for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : *declarations) {
     auto set = fValues.find(declaration->GetName());
     boost::shared_ptr<ICIMProperty> property;
     if (set != fValues.end()) {

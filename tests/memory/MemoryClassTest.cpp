@@ -23,6 +23,15 @@ TEST_F(SchemaTest, DeclarationsAreInheritedRedeclaredInPlaceAndGiveTheDefaults) 
   EXPECT_EQ(Label(fLeaf->GetPropertyDecl("Name", fContext)), "Name=middle");
   EXPECT_EQ(Listed(SIZE_MAX, *fInstance, &ICIMInstance::EnumerateProperties),
             (Labels{"Name=middle", "Size=3", "Extra=false"}));
+
+  // The class keeps its full list between calls; declarations made afterwards, above it or in
+  // it, must still show, each in its inherited place.
+  fBase->CreatePropertyDecl("Late", TCIMValue("late"), fContext);
+  fLeaf->CreatePropertyDecl("Extra", TCIMValue(true), fContext);
+  EXPECT_EQ(Listed(SIZE_MAX, *fLeaf, &ICIMClass::EnumeratePropertyDecls),
+            (Labels{"Name=middle", "Size=3", "Late=late", "Extra=true"}));
+  EXPECT_EQ(Listed(SIZE_MAX, *fInstance, &ICIMInstance::EnumerateProperties),
+            (Labels{"Name=middle", "Size=3", "Late=late", "Extra=false"}));
 }
 
 TEST_F(SchemaTest, ValuesMustHaveTheDeclaredType) {
