@@ -168,32 +168,4 @@ void UnmountAll(const std::string& mountPoint) {
   }
 }
 
-OutputCapture::OutputCapture() {
-  char name[] = "/tmp/vyroutput.XXXXXX";
-  const int fd = mkstemp(name);
-  if (fd < 0) throw std::runtime_error("mkstemp failed");
-  fFile = name;
-  std::fflush(nullptr);
-  fSavedOut = dup(1);
-  fSavedErr = dup(2);
-  dup2(fd, 1);
-  dup2(fd, 2);
-  close(fd);
-}
-
-OutputCapture::~OutputCapture() { Finish(); }
-
-std::string OutputCapture::Finish() {
-  if (fSavedOut < 0) return "";
-  std::fflush(nullptr);
-  dup2(fSavedOut, 1);
-  dup2(fSavedErr, 2);
-  close(fSavedOut);
-  close(fSavedErr);
-  fSavedOut = fSavedErr = -1;
-  const std::string text = ReadFile(fFile);
-  unlink(fFile.c_str());
-  return text;
-}
-
 }  // namespace vyrtest

@@ -63,19 +63,6 @@ std::string Ext2On(dev_t device);
 // Unmounts everything stacked on mountPoint.
 void UnmountAll(const std::string& mountPoint);
 
-// Collects what the process writes to descriptors 1 and 2 while it lives.
-class OutputCapture : boost::noncopyable {
- public:
-  OutputCapture();
-  ~OutputCapture();
-  // Stops capturing (once) and returns everything written meanwhile.
-  std::string Finish();
-
- private:
-  int fSavedOut = -1, fSavedErr = -1;  // -1 once finished
-  std::string fFile;
-};
-
 }  // namespace vyrtest
 
 #endif

@@ -41,25 +41,29 @@ ScopedTempDir::~ScopedTempDir() {
   if (std::system(cmd.c_str()) != 0) std::fprintf(stderr, "could not remove %s\n", fPath.c_str());
 }
 
-StderrCapture::StderrCapture() {
-  char name[] = "/tmp/vyrstderr.XXXXXX";
+OutputCapture::OutputCapture(std::vector<int> descriptors) {
+  char name[] = "/tmp/vyroutput.XXXXXX";
   const int fd = mkstemp(name);
   if (fd < 0) throw std::runtime_error("mkstemp failed");
   fFile = name;
-  std::fflush(stderr);
-  fSavedFd = dup(2);
-  dup2(fd, 2);
+  std::fflush(nullptr);
+  for (const int descriptor : descriptors) {
+    fSaved.emplace_back(descriptor, dup(descriptor));
+    dup2(fd, descriptor);
+  }
   close(fd);
 }
 
-StderrCapture::~StderrCapture() { Finish(); }
+OutputCapture::~OutputCapture() { Finish(); }
 
-std::string StderrCapture::Finish() {
-  if (fSavedFd < 0) return "";
-  std::fflush(stderr);
-  dup2(fSavedFd, 2);
-  close(fSavedFd);
-  fSavedFd = -1;
+std::string OutputCapture::Finish() {
+  if (fSaved.empty()) return "";
+  std::fflush(nullptr);
+  for (const auto& [descriptor, saved] : fSaved) {
+    dup2(saved, descriptor);
+    close(saved);
+  }
+  fSaved.clear();
   const std::string text = ReadFile(fFile);
   unlink(fFile.c_str());
   return text;

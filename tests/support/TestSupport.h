@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <boost/noncopyable.hpp>
@@ -52,17 +53,24 @@ class ScopedTempDir : boost::noncopyable {
   std::string fPath;
 };
 
-// Collects what the process writes to descriptor 2.
-class StderrCapture : boost::noncopyable {
+// Collects, in one file and in the order written, what the process writes to the given
+// descriptors (standard output and error by default) until Finish or the end of the scope.
+class OutputCapture : boost::noncopyable {
  public:
-  StderrCapture();
-  ~StderrCapture();
+  explicit OutputCapture(std::vector<int> descriptors = {1, 2});
+  ~OutputCapture();
   // Stops capturing (once) and returns everything written meanwhile.
   std::string Finish();
 
  private:
-  int fSavedFd;  // -1 once finished
+  std::vector<std::pair<int, int>> fSaved;  // descriptor, its saved copy; empty once finished
   std::string fFile;
+};
+
+// Collects what the process writes to descriptor 2.
+class StderrCapture : public OutputCapture {
+ public:
+  StderrCapture() : OutputCapture({2}) {}
 };
 
 // Makes `path` the current directory; throws std::filesystem::filesystem_error when it cannot.
