@@ -17,12 +17,16 @@ constexpr std::string::size_type kTextLength = 25;
 constexpr std::string::size_type kDotPosition = 14;
 constexpr std::string::size_type kSignPosition = 21;
 
-// Base-10 value of text[pos, pos + count); the caller has checked that these are digits.
-unsigned long Digits(const std::string& text, std::string::size_type pos,
-                     std::string::size_type count) {
-  unsigned long value = 0;
-  for (std::string::size_type i = pos; i < pos + count; ++i) value = value * 10 + (text[i] - '0');
-  return value;
+// Base-10 value of text[pos, pos + count); false when any of them is not an ASCII digit.
+bool ReadDigits(const char* text, int pos, int count, unsigned long& value) {
+  unsigned long result = 0;
+  for (int i = pos; i < pos + count; ++i) {
+    const unsigned digit = static_cast<unsigned char>(text[i]) - unsigned{'0'};
+    if (digit > 9) return false;
+    result = result * 10 + digit;
+  }
+  value = result;
+  return true;
 }
 
 }  // namespace
@@ -109,30 +113,32 @@ void TCIMDateTimeImpl::StoreDayAndTime(unsigned int day, unsigned short hour,
 void TCIMDateTimeImpl::Set(const std::string& text) {
   if (text.size() != kTextLength || text[kDotPosition] != '.')
     detail::Fail(kVYRStatusInvalidDateTime);
-  for (std::string::size_type i = 0; i < kTextLength; ++i) {
-    if (i == kDotPosition || i == kSignPosition) continue;
-    // The CIM form's "*" wildcards are not accepted.
-    if (text[i] < '0' || text[i] > '9') detail::Fail(kVYRStatusInvalidDateTime);
-  }
+  // Every position but the "." and the sign must be a digit: the CIM form's "*" wildcards are not
+  // accepted. The fields are read as the check goes; none is used before the whole text passed.
+  const char* chars = text.data();
+  unsigned long leading, hour, minute, second, microseconds, offsetDigits;
+  if (!ReadDigits(chars, 0, 8, leading) || !ReadDigits(chars, 8, 2, hour) ||
+      !ReadDigits(chars, 10, 2, minute) || !ReadDigits(chars, 12, 2, second) ||
+      !ReadDigits(chars, 15, 6, microseconds) || !ReadDigits(chars, 22, 3, offsetDigits))
+    detail::Fail(kVYRStatusInvalidDateTime);
 
-  const unsigned long offsetDigits = Digits(text, 22, 3);
   const char sign = text[kSignPosition];
   if (sign != '+' && sign != '-' && sign != ':') detail::Fail(kVYRStatusInvalidDateTime);
   if (sign == ':' && offsetDigits != 0) detail::Fail(kVYRStatusInvalidDateTime);
 
-  const auto hour = static_cast<unsigned short>(Digits(text, 8, 2));
-  const auto minute = static_cast<unsigned short>(Digits(text, 10, 2));
-  const auto second = static_cast<unsigned short>(Digits(text, 12, 2));
-  const auto microseconds = static_cast<unsigned int>(Digits(text, 15, 6));
-
   if (sign == ':') {
-    Set(static_cast<unsigned int>(Digits(text, 0, 8)), hour, minute, second, microseconds);
+    Set(static_cast<unsigned int>(leading), static_cast<unsigned short>(hour),
+        static_cast<unsigned short>(minute), static_cast<unsigned short>(second),
+        static_cast<unsigned int>(microseconds));
     return;
   }
+  // Positions 0-7 hold year (4 digits), month (2) and day (2).
   const auto offset = static_cast<short>(sign == '-' ? -static_cast<long>(offsetDigits)
                                                      : static_cast<long>(offsetDigits));
-  Set(static_cast<unsigned short>(Digits(text, 0, 4)), static_cast<unsigned short>(Digits(text, 4, 2)),
-      static_cast<unsigned int>(Digits(text, 6, 2)), hour, minute, second, microseconds, offset);
+  Set(static_cast<unsigned short>(leading / 10000),
+      static_cast<unsigned short>(leading / 100 % 100), static_cast<unsigned int>(leading % 100), static_cast<unsigned short>(hour),
+      static_cast<unsigned short>(minute), static_cast<unsigned short>(second),
+      static_cast<unsigned int>(microseconds), offset);
 }
 
 }  // namespace NORXVYR20
