@@ -60,7 +60,9 @@ void ExpectSameAsStreams(const TCIMDateTime& value) {
   const std::string text = value.ToString();
   EXPECT_EQ(StreamText(value), text);
   EXPECT_EQ(StreamUIText(value), value.ToUIString());
-  if (text.size() == 25) EXPECT_EQ(text, TCIMDateTime(text).ToString());
+  if (text.size() == 25) {
+    EXPECT_EQ(text, TCIMDateTime(text).ToString());
+  }
 }
 
 TEST(DateTimeTextOracleTest, WritesWhatTheStreamsWrote) {
