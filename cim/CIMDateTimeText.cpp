@@ -5,6 +5,7 @@
 #include <vyrcore/CIMDateTimeImpl.h>
 
 #include <cstdlib>
+#include <cstring>
 
 #include "core/Fail.h"
 
@@ -15,17 +16,30 @@ namespace {
 // Room for the longest text form: a 10-digit day count, every other field at its widest.
 constexpr int kTextCapacity = 64;
 
-// Writes value in decimal, zero-filled to at least width digits, at out; returns the end.
+// "00" to "99": two digits per division keeps the number of divisions at half the digits.
+const char kDigitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+// Writes value in decimal, zero-filled to at least width (at most 8) digits, at out; returns the
+// end. Digits go from the end backwards, two at a time; the fill comes out of the same loop.
 char* WriteDecimal(char* out, unsigned long value, int width) {
-  char digits[20];
-  int count = 0;
-  do {
-    digits[count++] = static_cast<char>('0' + value % 10);
-    value /= 10;
-  } while (value != 0);
-  for (int fill = count; fill < width; ++fill) *out++ = '0';
-  while (count > 0) *out++ = digits[--count];
-  return out;
+  static const unsigned long kLimits[] = {1,      10,      100,      1000,     10000,
+                                          100000, 1000000, 10000000, 100000000};
+  int digits = width;
+  if (value >= kLimits[width]) {
+    digits = 0;
+    for (unsigned long rest = value; rest != 0; rest /= 10) ++digits;
+  }
+  char* p = out + digits;
+  while (p - out >= 2) {
+    p -= 2;
+    std::memcpy(p, kDigitPairs + 2 * (value % 100), 2);
+    value /= 100;
+  }
+  if (p != out) *--p = static_cast<char>('0' + value % 10);
+  return out + digits;
 }
 
 // Appends "1 day " or "3 days " style pieces; zero components are left out.
