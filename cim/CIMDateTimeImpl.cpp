@@ -5,6 +5,9 @@
 // field; their day count is unlimited.
 #include <vyrcore/CIMDateTimeImpl.h>
 
+#include <cstdint>
+#include <cstring>
+
 #include "cim/LocalClock.h"
 #include "core/Fail.h"
 
@@ -16,6 +19,28 @@ namespace {
 constexpr std::string::size_type kTextLength = 25;
 constexpr std::string::size_type kDotPosition = 14;
 constexpr std::string::size_type kSignPosition = 21;
+
+// The value of eight ASCII digits read as one little-endian word (the first digit in the lowest
+// byte); false when any byte is not a digit. A byte is a digit when its high nibble is 3 and
+// adding 6 does not carry out of its low nibble. The conversion then folds neighbours together:
+// pairs of digits, pairs of pairs, and the two halves.
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "EightDigits reads the first digit low");
+bool EightDigits(std::uint64_t word, std::uint64_t& value) {
+  constexpr std::uint64_t kHighNibbles = 0xF0F0F0F0F0F0F0F0;
+  if ((((word & kHighNibbles) | (((word + 0x0606060606060606) & kHighNibbles) >> 4))) !=
+      0x3333333333333333)
+    return false;
+  word = (word & 0x0F0F0F0F0F0F0F0F) * 2561 >> 8;
+  word = (word & 0x00FF00FF00FF00FF) * 6553601 >> 16;
+  value = (word & 0x0000FFFF0000FFFF) * 42949672960001 >> 32;
+  return true;
+}
+
+std::uint64_t WordAt(const char* text) {
+  std::uint64_t word;
+  std::memcpy(&word, text, sizeof word);
+  return word;
+}
 
 // Base-10 value of text[pos, pos + count); false when any of them is not an ASCII digit.
 bool ReadDigits(const char* text, int pos, int count, unsigned long& value) {
@@ -114,13 +139,19 @@ void TCIMDateTimeImpl::Set(const std::string& text) {
   if (text.size() != kTextLength || text[kDotPosition] != '.')
     detail::Fail(kVYRStatusInvalidDateTime);
   // Every position but the "." and the sign must be a digit: the CIM form's "*" wildcards are not
-  // accepted. The fields are read as the check goes; none is used before the whole text passed.
+  // accepted. The fields are read as the check goes, eight digits at a time: positions 0-7, then
+  // 6-13 (the day again, then hour, minute and second), then 13-20 with the "." (checked above)
+  // read as a zero, which leaves the microseconds below the millions.
   const char* chars = text.data();
-  unsigned long leading, hour, minute, second, microseconds, offsetDigits;
-  if (!ReadDigits(chars, 0, 8, leading) || !ReadDigits(chars, 8, 2, hour) ||
-      !ReadDigits(chars, 10, 2, minute) || !ReadDigits(chars, 12, 2, second) ||
-      !ReadDigits(chars, 15, 6, microseconds) || !ReadDigits(chars, 22, 3, offsetDigits))
+  std::uint64_t leading, dayAndTime, withMicroseconds;
+  unsigned long offsetDigits;
+  std::uint64_t microsecondWord = WordAt(chars + 13);
+  reinterpret_cast<unsigned char*>(&microsecondWord)[1] = '0';
+  if (!EightDigits(WordAt(chars), leading) || !EightDigits(WordAt(chars + 6), dayAndTime) ||
+      !EightDigits(microsecondWord, withMicroseconds) || !ReadDigits(chars, 22, 3, offsetDigits))
     detail::Fail(kVYRStatusInvalidDateTime);
+  const unsigned long hour = dayAndTime / 10000 % 100, minute = dayAndTime / 100 % 100,
+                      second = dayAndTime % 100, microseconds = withMicroseconds % 1000000;
 
   const char sign = text[kSignPosition];
   if (sign != '+' && sign != '-' && sign != ':') detail::Fail(kVYRStatusInvalidDateTime);
