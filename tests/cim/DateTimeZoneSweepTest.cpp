@@ -209,7 +209,7 @@ TChecked CheckRecord(const TFields& f, const TChecked* previous, TMismatches& mi
 }
 
 // Every day from 1880 to 2120, at a time of day, offset and microsecond that move from day to day:
-// validity every day, the sum and the order against the previous such day every fourth day.
+// validity every day, the sum and the order against the previous such day every eighth day.
 void SweepDays(TMismatches& mismatches) {
   const int offsets[] = {0, -300, 330, 840, -720, 999, -999, 60};
   TChecked previous{};
@@ -219,7 +219,7 @@ void SweepDays(TMismatches& mismatches) {
       for (int day = 1; day <= 31; ++day, ++index) {
         const TFields f{year, month, day, index % 24, (index * 7) % 60, (index * 13) % 60,
                         offsets[index % 8], static_cast<unsigned>(index % 3)};
-        if (index % 4 != 0) {
+        if (index % 8 != 0) {
           CheckRecord(f, nullptr, mismatches, true);
           continue;
         }
@@ -297,11 +297,11 @@ void SweepRandom(TMismatches& mismatches, unsigned seed) {
   std::mt19937 random(seed);
   auto upTo = [&random](int n) { return static_cast<int>(random() % (n + 1)); };
   TChecked previous{};
-  for (int i = 0; i < 4000; ++i) {
+  for (int i = 0; i < 2000; ++i) {
     const int year = i % 4 == 0 ? upTo(9999) : 1800 + upTo(500);
     const TFields f{year, upTo(99), upTo(99), upTo(99), upTo(99), upTo(99), upTo(1998) - 999,
                     static_cast<unsigned>(upTo(999999))};
-    char text[32];
+    char text[96];
     std::snprintf(text, sizeof text, "%04d%02d%02d%02d%02d%02d.%06u%c%03d", f.year, f.month, f.day,
                   f.hour, f.minute, f.second, f.micros, f.offset < 0 ? '-' : '+',
                   f.offset < 0 ? -f.offset : f.offset);
