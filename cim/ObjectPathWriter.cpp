@@ -10,29 +10,46 @@ namespace NORXVYR20 {
 
 namespace {
 
-std::string Escaped(const std::string& text) {
-  std::string escaped;
-  escaped.reserve(text.size());
-  for (char c : text) {
-    if (c == '"' || c == '\\') escaped += '\\';
-    escaped += c;
+// text with a backslash before every double quote and backslash, appended a stretch at a time.
+void AppendEscaped(std::string& path, const std::string& text) {
+  const char* stretch = text.data();
+  const char* const end = stretch + text.size();
+  for (const char* c = stretch; c != end; ++c) {
+    if (*c != '"' && *c != '\\') continue;
+    path.append(stretch, static_cast<std::size_t>(c - stretch));
+    path += '\\';
+    stretch = c;
   }
-  return escaped;
+  path.append(stretch, static_cast<std::size_t>(end - stretch));
 }
 
-std::string KeyValueText(const TCIMValue& value) {
-  return value.IsReference() ? value.ToString(10) : Escaped(value.ToString(10));
-}
+// Room for a binding whose value text is of a usual length (a number, a short name); longer
+// ones make the path grow as it would anyway.
+const std::string::size_type kUsualValueLength = 24;
 
 }  // namespace
 
 std::string TCIMReferenceImpl::GetPath() const {
   TCIMContext context;
-  std::string path = fClass->GetName(context);
-  if (fKeyBindings.empty()) return path;
-  path += '.';
+  if (fKeyBindings.empty()) return fClass->GetName(context);
+  const std::string className = fClass->GetName(context);
+  std::string::size_type length = className.size();
   for (const auto& binding : fKeyBindings)
-    path += binding.first + "=\"" + KeyValueText(binding.second) + "\",";
+    length += binding.first.size() + 4 + kUsualValueLength;
+  std::string path;
+  path.reserve(length);
+  path += className;
+  path += '.';
+  for (const auto& binding : fKeyBindings) {
+    path += binding.first;
+    path += "=\"";
+    const TCIMValue& value = binding.second;
+    if (value.IsReference())
+      path += value.ToString(10);
+    else
+      AppendEscaped(path, value.ToString(10));
+    path += "\",";
+  }
   path.pop_back();
   return path;
 }
