@@ -26,13 +26,34 @@ const char* SkipBlanks(const char* p, const char* end) {
   return p;
 }
 
-// The value of c as a digit of base (8, 10 or 16), or -1.
-int DigitValue(char c, unsigned base) {
-  if (c >= '0' && c <= '9') return c - '0' < static_cast<int>(base) ? c - '0' : -1;
-  if (base != 16) return -1;
+// The value of c as a digit of Base (8, 10 or 16), or -1.
+template <unsigned Base>
+int DigitValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0' < static_cast<int>(Base) ? c - '0' : -1;
+  if (Base != 16) return -1;
   if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
   return -1;
+}
+
+// Reads the digits of Base from p on into magnitude, as far as they go, and moves p past them.
+// Once past max the magnitude is of no use: overflow says so. Answers whether there was a digit.
+template <unsigned Base, typename Unsigned>
+bool ReadDigits(const char*& p, const char* end, Unsigned max, Unsigned& magnitude,
+                bool& overflow) {
+  const char* const first = p;
+  for (; p != end; ++p) {
+    const int digit = DigitValue<Base>(*p);
+    if (digit < 0) break;
+    if (magnitude > max / Base) {
+      overflow = true;
+    } else {
+      magnitude = static_cast<Unsigned>(magnitude * Base);
+      overflow |= magnitude > max - static_cast<Unsigned>(digit);
+      magnitude = static_cast<Unsigned>(magnitude + static_cast<Unsigned>(digit));
+    }
+  }
+  return p != first;
 }
 
 // An integer of type Value (unsigned short, unsigned int, unsigned long or long) from text with
@@ -67,22 +88,11 @@ bool ScanInteger(const std::string& text, Value& value) {
                            ? static_cast<Unsigned>(-static_cast<Unsigned>(
                                  std::numeric_limits<Value>::min()))
                            : static_cast<Unsigned>(std::numeric_limits<Value>::max());
-  const Unsigned beforeLastDigit = max / base;
   Unsigned magnitude = 0;
-  bool digits = false;
   bool overflow = false;
-  for (; p != end; ++p) {
-    const int digit = DigitValue(*p, base);
-    if (digit < 0) break;
-    digits = true;
-    if (magnitude > beforeLastDigit) {
-      overflow = true;
-    } else {
-      magnitude = static_cast<Unsigned>(magnitude * base);
-      overflow |= magnitude > max - static_cast<Unsigned>(digit);
-      magnitude = static_cast<Unsigned>(magnitude + static_cast<Unsigned>(digit));
-    }
-  }
+  const bool digits = base == 10   ? ReadDigits<10>(p, end, max, magnitude, overflow)
+                      : base == 8 ? ReadDigits<8>(p, end, max, magnitude, overflow)
+                                  : ReadDigits<16>(p, end, max, magnitude, overflow);
   if ((!digits && !loneZero) || overflow) return false;
   value = static_cast<Value>(negative ? static_cast<Unsigned>(-magnitude) : magnitude);
   return true;
