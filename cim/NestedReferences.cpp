@@ -42,7 +42,15 @@ void TNestedReferences::Bind(TCIMReferenceImpl& target, const std::string& name,
   if (declared != actual)
     FailWithLog(kVYRStatusTypeMismatch, "Core: Declaration type: " + declared.ToString() +
                                             " Value type: " + actual.ToString());
-  target.fKeyBindings.try_emplace(name, value);
+  auto& bindings = target.fKeyBindings;
+  const auto place = bindings.lower_bound(name);
+  if (place == bindings.end() || place->first != name) {
+    bindings.emplace_hint(place, name, value);
+    return;
+  }
+  // The first value stays. The new one is copied all the same, as binding always copied it:
+  // a value of a type without a body kind (null, char16) throws kVYRStatusTypeMismatch here.
+  const TCIMValue dropped(value);
 }
 
 void TNestedReferences::BindText(TCIMReferenceImpl& target, const std::string& name,
