@@ -4,23 +4,21 @@
 // stands (the reader takes the first quote after it as the end).
 #include <vyrcore/CIMReferenceImpl.h>
 
+#include <algorithm>
+
 #include <vyrcore/CIMObjectModel.h>
 
 namespace NORXVYR20 {
 
 namespace {
 
-// text with a backslash before every double quote and backslash, appended a stretch at a time.
-void AppendEscaped(std::string& path, const std::string& text) {
-  const char* stretch = text.data();
-  const char* const end = stretch + text.size();
-  for (const char* c = stretch; c != end; ++c) {
-    if (*c != '"' && *c != '\\') continue;
-    path.append(stretch, static_cast<std::size_t>(c - stretch));
-    path += '\\';
-    stretch = c;
+// Copies text to out with a backslash before every double quote and backslash; answers the end.
+char* CopyEscaped(const std::string& text, char* out) {
+  for (char c : text) {
+    if (c == '"' || c == '\\') *out++ = '\\';
+    *out++ = c;
   }
-  path.append(stretch, static_cast<std::size_t>(end - stretch));
+  return out;
 }
 
 // Room for a binding whose value text is of a usual length (a number, a short name); longer
@@ -41,14 +39,19 @@ std::string TCIMReferenceImpl::GetPath() const {
   path += className;
   path += '.';
   for (const auto& binding : fKeyBindings) {
-    path += binding.first;
-    path += "=\"";
     const TCIMValue& value = binding.second;
-    if (value.IsReference())
-      path += value.ToString(10);
-    else
-      AppendEscaped(path, value.ToString(10));
-    path += "\",";
+    const std::string text = value.ToString(10);
+    // name="text", written in place: room for the text escaped throughout, then cut to size.
+    const std::string::size_type start = path.size();
+    path.resize(start + binding.first.size() + 4 + 2 * text.size());
+    char* out = &path[start];
+    out = std::copy(binding.first.begin(), binding.first.end(), out);
+    *out++ = '=';
+    *out++ = '"';
+    out = value.IsReference() ? std::copy(text.begin(), text.end(), out) : CopyEscaped(text, out);
+    *out++ = '"';
+    *out++ = ',';
+    path.resize(static_cast<std::string::size_type>(out - path.data()));
   }
   path.pop_back();
   return path;
