@@ -3,15 +3,14 @@
 // The body records its own type and keeps the datum in an eight-byte union holding exactly that
 // type. Nothing converts between types: readers, equality and ordering require the body's type.
 // Radix 16 prints unsigned integers in upper case, zero-filled to the type's width (2, 4, 8, 16
-// digits); radix 8 sets the fill but no width, so octal text is never padded. Signed and real
-// numbers print with radix 10 only. Char16 bodies can only be made by other means and are refused
-// with kVYRStatusNotImplemented.
+// digits); octal text is never padded. Signed and real numbers print with radix 10 only. The texts
+// are those of a string stream with the same settings (cim/NumberText.h). Char16 bodies can only
+// be made by other means and are refused with kVYRStatusNotImplemented.
 #include <vyrcore/CIMValueImpl.h>
 
 #include <cmath>
-#include <iomanip>
-#include <sstream>
 
+#include "cim/NumberText.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -132,58 +131,60 @@ TCIMNumericValueImpl::operator double() const {
 }
 
 std::string TCIMNumericValueImpl::ToString(unsigned char radix) const {
-  std::ostringstream text;
-  if (radix == 16)
-    text << std::hex << std::uppercase << std::setfill('0');
-  else if (radix == 8)
-    text << std::oct << std::setfill('0');
-  else if (radix != 10)
-    detail::Fail(kVYRStatusNotSupported);
+  if (radix != 10 && radix != 16 && radix != 8) detail::Fail(kVYRStatusNotSupported);
   // Unsigned integers: the width applies to hexadecimal text only.
-  const auto hexWidth = [radix](int digits) { return std::setw(radix == 16 ? digits : 0); };
+  const auto appendUnsigned = [radix](std::string& text, unsigned long value, unsigned digits) {
+    detail::AppendUnsigned(text, value, radix, radix == 16 ? digits : 0);
+  };
   // Signed and real numbers: decimal only.
-  const auto decimal = [radix, &text]() -> std::ostream& {
+  const auto requireDecimal = [radix]() {
     if (radix != 10) detail::Fail(kVYRStatusNotSupported);
-    return text;
   };
 
+  std::string text;
   switch (fType) {
     case TCIMType::kCIMTypeBoolean:
       return fDatum.fBool ? "true" : "false";
     case TCIMType::kCIMTypeUInt8:
-      text << hexWidth(2) << static_cast<unsigned int>(fDatum.fUInt8);
+      appendUnsigned(text, fDatum.fUInt8, 2);
       break;
     case TCIMType::kCIMTypeUInt16:
-      text << hexWidth(4) << fDatum.fUInt16;
+      appendUnsigned(text, fDatum.fUInt16, 4);
       break;
     case TCIMType::kCIMTypeUInt32:
-      text << hexWidth(8) << fDatum.fUInt32;
+      appendUnsigned(text, fDatum.fUInt32, 8);
       break;
     case TCIMType::kCIMTypeUInt64:
-      text << hexWidth(16) << fDatum.fUInt64;
+      appendUnsigned(text, fDatum.fUInt64, 16);
       break;
     case TCIMType::kCIMTypeSInt8:
-      decimal() << static_cast<int>(fDatum.fSInt8);
+      requireDecimal();
+      detail::AppendSigned(text, fDatum.fSInt8);
       break;
     case TCIMType::kCIMTypeSInt16:
-      decimal() << fDatum.fSInt16;
+      requireDecimal();
+      detail::AppendSigned(text, fDatum.fSInt16);
       break;
     case TCIMType::kCIMTypeSInt32:
-      decimal() << fDatum.fSInt32;
+      requireDecimal();
+      detail::AppendSigned(text, fDatum.fSInt32);
       break;
     case TCIMType::kCIMTypeSInt64:
-      decimal() << fDatum.fSInt64;
+      requireDecimal();
+      detail::AppendSigned(text, fDatum.fSInt64);
       break;
     case TCIMType::kCIMTypeReal32:
-      decimal() << fDatum.fReal32;
+      requireDecimal();
+      detail::AppendReal(text, fDatum.fReal32);
       break;
     case TCIMType::kCIMTypeReal64:
-      decimal() << fDatum.fReal64;
+      requireDecimal();
+      detail::AppendReal(text, fDatum.fReal64);
       break;
     default:
       FailUnsupportedType(fType);
   }
-  return text.str();
+  return text;
 }
 
 bool TCIMNumericValueImpl::operator==(const TCIMValue& other) const {

@@ -71,13 +71,8 @@ std::string TCIMReferenceImpl::GetClassName() const {
 void TCIMReferenceImpl::AddKeyValue(const std::string& name, const TCIMValue& value) {
   if (!fClass) detail::Fail(kVYRStatusInvalidOpSequence);
   TCIMContext context;
-  const TCIMValue::TCIMType declared = fClass->GetPropertyDecl(name, context)->GetType();
-  const TCIMValue::TCIMType actual = value.GetType();
-  if (declared != actual)
-    detail::FailWithLog(kVYRStatusTypeMismatch, "Core: Declaration type: " + declared.ToString() +
-                                                    " Value type: " + actual.ToString());
-  // A name bound before keeps its first value.
-  fKeyBindings.insert(std::make_pair(name, value));
+  detail::TNestedReferences::Bind(*this, name, fClass->GetPropertyDecl(name, context)->GetType(),
+                                  value);
 }
 
 void TCIMReferenceImpl::EnumerateKeyBindings(

@@ -1,20 +1,19 @@
 // TCIMValue from text and a declared type.
 //
-// Numbers and booleans go through an input string stream: leading blanks are skipped and reading
-// stops at the first character that cannot continue the number. The eight integer types take
-// their base from the text (0x or 0X hexadecimal, a leading 0 octal, else decimal), on purpose.
-// The stream's state is not checked: text that holds no readable number or boolean still makes a
-// non-null value of the declared type, holding 0 or false. The 8-bit types read a full int and
-// keep its low byte. Strings are taken as they are; date/times and references use their own
-// parsers, whose failures pass out.
+// Numbers and booleans are read as an input string stream reads them (cim/NumberText.h): leading
+// blanks are skipped and reading stops at the first character that cannot continue the number.
+// The eight integer types take their base from the text (0x or 0X hexadecimal, a leading 0 octal,
+// else decimal), on purpose. The verdict is not checked: text that holds no readable number or
+// boolean still makes a non-null value of the declared type, holding 0 or false. The 8-bit types
+// read a full int and keep its low byte. Strings are taken as they are; date/times and references
+// use their own parsers, whose failures pass out.
 #include <vyrcore/CIMValue.h>
-
-#include <sstream>
 
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/CIMObjectModel.h>
 #include <vyrcore/CIMReference.h>
 
+#include "cim/NumberText.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -23,29 +22,25 @@ namespace {
 
 typedef TCIMValue::TCIMType TCIMType;
 
-// Whatever the stream could not read is 0 (false for booleans).
-template <typename Number>
-Number Read(const std::string& text, std::ios_base::fmtflags flags, std::ios_base::fmtflags mask) {
-  std::istringstream in(text);
-  in.setf(flags, mask);
-  Number value = Number();
-  if (!(in >> value)) value = Number();
-  return value;
-}
-
+// Whatever could not be read is 0 (false for booleans): the readers leave it so.
 template <typename Integer>
 Integer ReadInteger(const std::string& text) {
-  // A cleared base field lets the stream follow the number's prefix.
-  return Read<Integer>(text, std::ios_base::fmtflags(), std::ios_base::basefield);
+  Integer value = Integer();
+  detail::ReadInteger(text, value);
+  return value;
 }
 
 template <typename Real>
 Real ReadReal(const std::string& text) {
-  return Read<Real>(text, std::ios_base::fmtflags(), std::ios_base::fmtflags());
+  Real value = Real();
+  detail::ReadReal(text, value);
+  return value;
 }
 
 bool ReadBoolean(const std::string& text) {
-  return Read<bool>(text, std::ios_base::boolalpha, std::ios_base::boolalpha);
+  bool value = false;
+  detail::ReadBoolean(text, value);
+  return value;
 }
 
 }  // namespace

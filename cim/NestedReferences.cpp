@@ -2,8 +2,11 @@
 #include "cim/NestedReferences.h"
 
 #include <functional>
+#include <tuple>
 
 #include <vyrcore/CIMValueImpl.h>
+
+#include "core/Fail.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -34,7 +37,39 @@ bool TNestedReferences::Equal(const TCIMReferenceImpl& a, const TCIMReferenceImp
 const TCIMReferenceImpl* TNestedReferences::HeldBy(const TCIMValue& value) { return Held(value); }
 
 void TNestedReferences::Bind(TCIMReferenceImpl& target, const std::string& name,
-                             TCIMReference& nested) {
+                             TCIMValue::TCIMType declared, const TCIMValue& value) {
+  const TCIMValue::TCIMType actual = value.GetType();
+  if (declared != actual)
+    FailWithLog(kVYRStatusTypeMismatch, "Core: Declaration type: " + declared.ToString() +
+                                            " Value type: " + actual.ToString());
+  auto& bindings = target.fKeyBindings;
+  const auto place = bindings.lower_bound(name);
+  if (place == bindings.end() || place->first != name) {
+    bindings.emplace_hint(place, name, value);
+    return;
+  }
+  // The first value stays. The new one is copied all the same, as binding always copied it:
+  // a value of a type without a body kind (null, char16) throws kVYRStatusTypeMismatch here.
+  const TCIMValue dropped(value);
+}
+
+void TNestedReferences::BindText(TCIMReferenceImpl& target, const std::string& name,
+                                 TCIMValue::TCIMType declared, std::string& text,
+                                 const boost::shared_ptr<ICIMNamespace>& cimNamespace) {
+  // Whatever the text reads as has the declared type (or the reading throws), so there is no
+  // type to check.
+  auto& bindings = target.fKeyBindings;
+  const auto place = bindings.lower_bound(name);
+  if (place != bindings.end() && place->first == name) {
+    TCIMValue(declared, text, cimNamespace);
+    return;
+  }
+  bindings.emplace_hint(place, std::piecewise_construct, std::forward_as_tuple(name),
+                        std::forward_as_tuple(declared, text, cimNamespace));
+}
+
+void TNestedReferences::Bind(TCIMReferenceImpl& target, const std::string& name,
+                             TCIMValue::TCIMType declared, TCIMReference& nested) {
   TCIMReferenceImpl& source = *nested.GetBody();
   // What gets checked and copied is a reference to the same class without bindings; the
   // bindings follow once the value holding it is in place.
@@ -42,7 +77,7 @@ void TNestedReferences::Bind(TCIMReferenceImpl& target, const std::string& name,
   shell.SetClass(nested.GetClass());
   const TCIMValue value(shell);
   const bool fresh = target.fKeyBindings.find(name) == target.fKeyBindings.end();
-  target.AddKeyValue(name, value);
+  Bind(target, name, declared, value);
   // A name bound before keeps its first value: nested is dropped, as its copy would have been.
   if (!fresh) return;
   TCIMReferenceImpl& bound = *Held(target.fKeyBindings.find(name)->second);

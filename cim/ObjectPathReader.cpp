@@ -53,7 +53,7 @@ class TObjectPathReader {
           TCIMContext context(fContext);
           return fNamespace->GetClass(className, context);
         },
-        "Reference specifies invalid class, path=");
+        [] { return std::string("Reference specifies invalid class, path="); });
     target.SetClass(cimClass);
     fPosition = dot;
     ReadKeyBindings(target, cimClass, nested);
@@ -90,20 +90,23 @@ class TObjectPathReader {
           TCIMContext context;
           return cimClass->GetPropertyDecl(name, context);
         },
-        "Reference specifies invalid property, property=" + name + ", path=");
+        [&] { return "Reference specifies invalid property, property=" + name + ", path="; });
     fPosition = equals + 1;
     if (AtEnd() || Current() != '"') FailAt("Reference missing opening '\"', path=");
+    // The property was found once: the binding is checked against that declaration, not looked
+    // up again.
     if (declaration->GetDefaultValue().IsReference()) {
-      ReadNestedPath(target, name);
+      ReadNestedPath(target, name, declaration->GetType());
     } else {
       std::string text = ReadQuotedText();
-      target.AddKeyValue(name, TCIMValue(declaration->GetType(), text, fNamespace));
+      detail::TNestedReferences::BindText(target, name, declaration->GetType(), text, fNamespace);
     }
   }
 
   // keyValue of a reference: a nested path, read into a reference of its own and then bound
   // under name. The cursor starts on the opening quote and ends on the closing one.
-  void ReadNestedPath(TCIMReferenceImpl& target, const std::string& name) {
+  void ReadNestedPath(TCIMReferenceImpl& target, const std::string& name,
+                      TCIMValue::TCIMType declared) {
     if (fDepth == kMaxNesting)
       FailAt("Reference nested deeper than " + std::to_string(kMaxNesting) +
              " references, path=");
@@ -111,42 +114,39 @@ class TObjectPathReader {
     ++fDepth;
     ReadPath(*nested.GetBody());
     --fDepth;
-    detail::TNestedReferences::Bind(target, name, nested);
+    detail::TNestedReferences::Bind(target, name, declared, nested);
   }
 
+  // The text between the quotes, unescaped: taken a stretch at a time up to the next quote or
+  // backslash.
   std::string ReadQuotedText() {
     std::string text;
-    bool escaped = false;
     for (;;) {
+      const std::string::size_type stretch = ++fPosition;
+      while (!AtEnd() && Current() != '"' && Current() != '\\') ++fPosition;
+      if (AtEnd()) FailAt("Reference missing closing '\"', path=");
+      text.append(fText, stretch, fPosition - stretch);
+      if (Current() == '"') return text;
+      // A backslash: it escapes a quote or a backslash and stays before anything else.
       ++fPosition;
       if (AtEnd()) FailAt("Reference missing closing '\"', path=");
-      const char c = Current();
-      if (escaped) {
-        if (c != '\\' && c != '"') text += '\\';
-        text += c;
-        escaped = false;
-      } else if (c == '\\') {
-        escaped = true;
-      } else if (c == '"') {
-        return text;
-      } else {
-        text += c;
-      }
+      if (Current() != '\\' && Current() != '"') text += '\\';
+      text += Current();
     }
   }
 
-  // An object-model lookup whose NotFound becomes kVYRStatusInvalidReference, logged as message
-  // and the text; any other status passes on. (Unlike TranslateNotFound, the logged line is made
-  // only on failure: it holds the whole text, and making it for every binding made reading a
-  // long path quadratic.)
-  template <typename Lookup>
-  auto LookUp(Lookup&& lookup, const std::string& message) const -> decltype(lookup()) {
+  // An object-model lookup whose NotFound becomes kVYRStatusInvalidReference, logged as the
+  // message and the text; any other status passes on. The message is made only on failure: it
+  // holds the whole text, and making it for every binding made reading a long path quadratic
+  // (and every path slower).
+  template <typename Lookup, typename Message>
+  auto LookUp(Lookup&& lookup, Message&& message) const -> decltype(lookup()) {
     try {
       return lookup();
     } catch (const TVYRException& e) {
       if (e.GetStatusCode() != kVYRStatusNotFound) throw TVYRException(e.GetStatusCode());
     }
-    FailAt(message);
+    FailAt(message());
   }
 
   bool AtEnd() const { return fPosition >= fText.size(); }

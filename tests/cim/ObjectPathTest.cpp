@@ -71,6 +71,8 @@ TEST_F(ObjectPathTest, ReaderRejectsMalformedPathsWithTheirLogLine) {
       {"CIM_Link.Left=\"CIM_Foo\"", kVYRStatusUnknownClass, ""},
       {"CIM_Link.Left=\"CIM_Foo\",Label=\"1.5\"", kVYRStatusInvalidReference, invalidClass},
       {"CIM_All.D=\"yesterday\"", kVYRStatusInvalidDateTime, ""},
+      // A name bound before keeps its first value, but the later text is still read.
+      {"CIM_All.D=\"00000001020304.000005:000\",D=\"yesterday\"", kVYRStatusInvalidDateTime, ""},
   };
   for (const auto& row : rows) {
     vyrtest::CoreLog();
