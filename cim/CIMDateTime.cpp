@@ -3,30 +3,35 @@
 
 #include <vyrcore/CIMDateTimeImpl.h>
 
+#include <boost/make_shared.hpp>
+
+#include "cim/DateTimeOrder.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
 
-TCIMDateTime::TCIMDateTime() : fBody(new TCIMDateTimeImpl()) {}
+TCIMDateTime::TCIMDateTime() : fBody(boost::make_shared<TCIMDateTimeImpl>()) {}
 
 TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
                            unsigned short hour, unsigned short minute, unsigned short second,
                            unsigned int microseconds, short utcOffset)
-    : fBody(new TCIMDateTimeImpl(year, month, day, hour, minute, second, microseconds,
+    : fBody(boost::make_shared<TCIMDateTimeImpl>(year, month, day, hour, minute, second,
+                                                 microseconds,
                                  utcOffset)) {}
 
 TCIMDateTime::TCIMDateTime(unsigned int days, unsigned short hours, unsigned short minutes,
                            unsigned short seconds, unsigned int microseconds)
-    : fBody(new TCIMDateTimeImpl(days, hours, minutes, seconds, microseconds)) {}
+    : fBody(boost::make_shared<TCIMDateTimeImpl>(days, hours, minutes, seconds, microseconds)) {}
 
-TCIMDateTime::TCIMDateTime(const std::string& text) : fBody(new TCIMDateTimeImpl(text)) {}
+TCIMDateTime::TCIMDateTime(const std::string& text)
+    : fBody(boost::make_shared<TCIMDateTimeImpl>(text)) {}
 
 TCIMDateTime::TCIMDateTime(const TCIMDateTime& other)
-    : fBody(new TCIMDateTimeImpl(*other.fBody)) {}
+    : fBody(boost::make_shared<TCIMDateTimeImpl>(*other.fBody)) {}
 
 TCIMDateTime& TCIMDateTime::operator=(const TCIMDateTime& other) {
   // A fresh body, never a shared one: a later Set on either handle must not show in the other.
-  fBody.reset(new TCIMDateTimeImpl(*other.fBody));
+  fBody = boost::make_shared<TCIMDateTimeImpl>(*other.fBody);
   return *this;
 }
 
@@ -68,8 +73,13 @@ void TCIMDateTime::GetDifference(TCIMDateTime&, TCIMDateTime&) {
 
 boost::shared_ptr<TCIMDateTimeImpl> TCIMDateTime::GetBody() const { return fBody; }
 
-bool TCIMDateTime::operator==(const TCIMDateTime& other) const { return *fBody == other; }
-bool TCIMDateTime::operator<(const TCIMDateTime& other) const { return *fBody < other; }
+// The bodies are reached directly: GetBody's shared pointer copies cost more than the comparison.
+bool TCIMDateTime::operator==(const TCIMDateTime& other) const {
+  return detail::DateTimesEqual(*fBody, *other.fBody);
+}
+bool TCIMDateTime::operator<(const TCIMDateTime& other) const {
+  return detail::DateTimeLess(*fBody, *other.fBody);
+}
 TCIMDateTime TCIMDateTime::operator+(const TCIMDateTime& other) const { return *fBody + other; }
 TCIMDateTime TCIMDateTime::operator-(const TCIMDateTime& other) const { return *fBody - other; }
 

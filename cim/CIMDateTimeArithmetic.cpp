@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "cim/DateTimeOrder.h"
 #include "cim/LocalClock.h"
 #include "core/Fail.h"
 
@@ -28,15 +29,20 @@ void RequireBothSet(const TCIMDateTimeImpl& a, const TCIMDateTimeImpl& b) {
   if (a.IsNull() || b.IsNull()) detail::Fail(kVYRStatusInvalidDateTime);
 }
 
-// Seconds of an absolute value, from mktime; with applyOffset the record's minute is the minute
-// less the UTC offset. mktime's -1 is an error here.
-std::int64_t InstantOf(const TCIMDateTimeImpl& value, bool applyOffset) {
+// Seconds of an absolute value, from mktime in the given zone; with applyOffset the record's
+// minute is the minute less the UTC offset. mktime's -1 is an error here.
+std::int64_t InstantOf(const detail::TLocalZone& zone, const TCIMDateTimeImpl& value,
+                       bool applyOffset) {
   const int minute = value.GetMinute() - (applyOffset ? value.GetUTCOffset() : 0);
-  const std::time_t instant = detail::LocalInstant(value.GetYear(), value.GetMonth(),
+  const std::time_t instant = detail::LocalInstant(zone, value.GetYear(), value.GetMonth(),
                                                    static_cast<int>(value.GetDay()),
                                                    value.GetHour(), minute, value.GetSecond());
   if (instant == -1) detail::Fail(kVYRStatusInvalidDateTime);
   return instant;
+}
+
+std::int64_t InstantOf(const TCIMDateTimeImpl& value, bool applyOffset) {
+  return InstantOf(detail::CurrentLocalZone(), value, applyOffset);
 }
 
 // Seconds of an interval. The sum is formed in unsigned 32-bit arithmetic and wraps, as it always
@@ -102,25 +108,47 @@ TCIMDateTime AbsoluteFromSum(std::int64_t count, short utcOffset) {
   return AbsoluteFrom(Magnitude(count / kMicrosPerSecond), count % kMicrosPerSecond, utcOffset);
 }
 
+// The seconds that comparison orders by: the instant with the UTC offset applied, or the seconds
+// total of an interval. Both operands are looked at under one lookup of the zone.
+void ComparableSeconds(const TCIMDateTimeImpl& left, const TCIMDateTimeImpl& right,
+                       std::int64_t& leftSeconds, std::int64_t& rightSeconds) {
+  RequireBothSet(left, right);
+  if (left.IsInterval() != right.IsInterval()) detail::Fail(kVYRStatusInvalidDateTime);
+  if (left.IsInterval()) {
+    leftSeconds = SecondsOf(left);
+    rightSeconds = SecondsOf(right);
+    return;
+  }
+  const detail::TLocalZone& zone = detail::CurrentLocalZone();
+  leftSeconds = InstantOf(zone, left, true);
+  rightSeconds = InstantOf(zone, right, true);
+}
+
 }  // namespace
 
+namespace detail {
+
+bool DateTimesEqual(const TCIMDateTimeImpl& left, const TCIMDateTimeImpl& right) {
+  std::int64_t leftSeconds, rightSeconds;
+  ComparableSeconds(left, right, leftSeconds, rightSeconds);
+  return leftSeconds == rightSeconds && left.GetMicroSeconds() == right.GetMicroSeconds();
+}
+
+bool DateTimeLess(const TCIMDateTimeImpl& left, const TCIMDateTimeImpl& right) {
+  std::int64_t leftSeconds, rightSeconds;
+  ComparableSeconds(left, right, leftSeconds, rightSeconds);
+  if (leftSeconds != rightSeconds) return leftSeconds < rightSeconds;
+  return left.GetMicroSeconds() < right.GetMicroSeconds();
+}
+
+}  // namespace detail
+
 bool TCIMDateTimeImpl::operator==(const TCIMDateTime& other) const {
-  const TCIMDateTimeImpl& right = *other.GetBody();
-  RequireBothSet(*this, right);
-  if (fIsInterval != right.fIsInterval) detail::Fail(kVYRStatusInvalidDateTime);
-  if (fIsInterval)
-    return SecondsOf(*this) == SecondsOf(right) && fMicroSeconds == right.fMicroSeconds;
-  return InstantOf(*this, true) == InstantOf(right, true) && fMicroSeconds == right.fMicroSeconds;
+  return detail::DateTimesEqual(*this, *other.GetBody());
 }
 
 bool TCIMDateTimeImpl::operator<(const TCIMDateTime& other) const {
-  const TCIMDateTimeImpl& right = *other.GetBody();
-  RequireBothSet(*this, right);
-  if (fIsInterval != right.fIsInterval) detail::Fail(kVYRStatusInvalidDateTime);
-  const std::int64_t left = fIsInterval ? SecondsOf(*this) : InstantOf(*this, true);
-  const std::int64_t rightSeconds = fIsInterval ? SecondsOf(right) : InstantOf(right, true);
-  if (left != rightSeconds) return left < rightSeconds;
-  return fMicroSeconds < right.fMicroSeconds;
+  return detail::DateTimeLess(*this, *other.GetBody());
 }
 
 TCIMDateTime TCIMDateTimeImpl::operator+(const TCIMDateTime& other) const {

@@ -5,6 +5,8 @@
 
 #include <ctime>
 
+#include "cim/LocalClock.h"
+
 namespace NORXVYR20 {
 
 TCIMDateTime TOSSpecific::GetLocalTime() {
@@ -12,13 +14,13 @@ TCIMDateTime TOSSpecific::GetLocalTime() {
   // milliseconds reads what the deprecated ftime did.
   timeval now;
   gettimeofday(&now, nullptr);
-  const std::time_t seconds = now.tv_sec;
-  std::tm fields = *std::localtime(&seconds);
+  std::tm fields = {};
+  long secondsWest = 0;
+  detail::BreakDownLocal(now.tv_sec, fields, &secondsWest);
 
   // The zone's offset from UTC at this instant, in minutes east: the negated standard offset
   // (timezone is seconds west), plus an hour while daylight saving time is in effect.
-  tzset();
-  int offset = static_cast<int>(-timezone / 60);
+  int offset = static_cast<int>(-secondsWest / 60);
   if (fields.tm_isdst > 0) offset += 60;
 
   return TCIMDateTime(static_cast<unsigned short>(fields.tm_year + 1900),

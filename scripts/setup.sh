@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(cmake make g++ pkg-config libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount)
+          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount tzdata)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,0 +1,61 @@
+// Date/time values: parse, text form and ordering, each with TZ unset (the system zone file) and
+// with TZ=UTC. Run from build/bench/: ./vyr_datetime_bench
+#include <string>
+
+#include <benchmark/benchmark.h>
+
+#include <vyrcore/CIMDateTime.h>
+
+#include "BenchZone.h"
+
+using namespace NORXVYR20;
+
+namespace {
+
+const std::string kAbsoluteText = "20040307090501.000250-300";
+const std::string kIntervalText = "00000003040000.000000:000";
+
+void BM_ParseAbsolute(benchmark::State& state, const char* zone) {
+  TBenchZone scoped(zone);
+  for (auto _ : state) {
+    TCIMDateTime value(kAbsoluteText);
+    benchmark::DoNotOptimize(value);
+  }
+}
+VYR_BENCHMARK_ZONES(BM_ParseAbsolute);
+
+void BM_ParseInterval(benchmark::State& state, const char* zone) {
+  TBenchZone scoped(zone);
+  for (auto _ : state) {
+    TCIMDateTime value(kIntervalText);
+    benchmark::DoNotOptimize(value);
+  }
+}
+VYR_BENCHMARK_ZONES(BM_ParseInterval);
+
+void BM_ToString(benchmark::State& state, const char* zone) {
+  TBenchZone scoped(zone);
+  const TCIMDateTime value(kAbsoluteText);
+  for (auto _ : state) benchmark::DoNotOptimize(value.ToString());
+}
+VYR_BENCHMARK_ZONES(BM_ToString);
+
+// Two different instants, so that neither operator can stop at the first field.
+void BM_Less(benchmark::State& state, const char* zone) {
+  TBenchZone scoped(zone);
+  const TCIMDateTime left(kAbsoluteText);
+  const TCIMDateTime right("20040307140501.000251+000");
+  for (auto _ : state) benchmark::DoNotOptimize(left < right);
+}
+VYR_BENCHMARK_ZONES(BM_Less);
+
+// The same instant under two offsets: equal, and every field has to be looked at.
+void BM_Equal(benchmark::State& state, const char* zone) {
+  TBenchZone scoped(zone);
+  const TCIMDateTime left(kAbsoluteText);
+  const TCIMDateTime right("20040307140501.000250+000");
+  for (auto _ : state) benchmark::DoNotOptimize(left == right);
+}
+VYR_BENCHMARK_ZONES(BM_Equal);
+
+}  // namespace
