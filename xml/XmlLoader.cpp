@@ -155,7 +155,7 @@ TCIMValue TXmlLoader::Array(TCIMType::ECIMType type, unsigned int size, const TX
                    elements);
 }
 
-TCIMValue TXmlLoader::Reference(const TXmlNode& valueReference, int depth) {
+TCIMReference TXmlLoader::Reference(const TXmlNode& valueReference, int depth) {
   if (depth > kMaxReferenceDepth)
     Refuse(kVYRStatusNotSupported, valueReference,
            "references nested more than " + std::to_string(kMaxReferenceDepth) + " deep");
@@ -180,8 +180,10 @@ TCIMValue TXmlLoader::Reference(const TXmlNode& valueReference, int depth) {
       const TXmlNode& key = binding.fChildren[0];
       if (key.fElement == EXmlElement::kKeyValue)
         reference.AddKeyValue(name, Scalar(Type(key), key));
-      else if (key.fElement == EXmlElement::kValueReference)
-        reference.AddKeyValue(name, Reference(key, depth + 1));
+      else if (key.fElement == EXmlElement::kValueReference) {
+        TCIMReference nested = Reference(key, depth + 1);
+        reference.AddKeyValue(name, TCIMValue(nested));
+      }
       else
         Refuse(kVYRStatusInvalidFormat, key, key.Tag() + " inside KEYBINDING");
     }
@@ -189,45 +191,42 @@ TCIMValue TXmlLoader::Reference(const TXmlNode& valueReference, int depth) {
     Refuse(kVYRStatusNotSupported, path,
            path.Tag() + " inside VALUE.REFERENCE: only INSTANCENAME and CLASSNAME are read");
   }
-  return TCIMValue(reference);
+  return reference;
 }
 
+// Values are built where they are returned: TCIMValue has no move, so every assignment copies.
 TCIMValue TXmlLoader::PropertyValue(const TXmlNode& property) {
-  TCIMValue value;
-  EXmlElement expected;
-  TCIMType::ECIMType type = TCIMType::kCIMTypeReference;
-  unsigned int size = 0;
-  if (property.fElement == EXmlElement::kPropertyReference) {
-    expected = EXmlElement::kValueReference;
-    value = TCIMValue(TCIMType(TCIMType::kCIMTypeReference), 0);
-    if (const std::string* target = property.Attribute("REFERENCECLASS"))
-      value.SetReferencedClass(Class(property, *target));
-  } else if (property.fElement == EXmlElement::kPropertyArray) {
-    expected = EXmlElement::kValueArray;
-    type = Type(property);
-    size = Size(property);
-    value = TCIMValue(TCIMType(static_cast<TCIMType::ECIMType>(type | TCIMType::kCIMTypeArray)),
-                      size);
-  } else {
-    expected = EXmlElement::kValue;
-    type = Type(property);
-    value = TCIMValue(TCIMType(type), 0);
-  }
-  bool seen = false;
+  const EXmlElement expected = property.fElement == EXmlElement::kPropertyReference
+                                   ? EXmlElement::kValueReference
+                                   : property.fElement == EXmlElement::kPropertyArray
+                                         ? EXmlElement::kValueArray
+                                         : EXmlElement::kValue;
+  const TXmlNode* valueNode = nullptr;
   for (const TXmlNode& child : property.fChildren) {
     if (child.fElement == EXmlElement::kQualifier) continue;
-    if (child.fElement != expected || seen)
+    if (child.fElement != expected || valueNode)
       Refuse(kVYRStatusInvalidFormat, child, child.Tag() + " inside " + property.Tag());
-    seen = true;
-    if (expected == EXmlElement::kValue) {
-      value = Scalar(type, child);
-    } else if (expected == EXmlElement::kValueArray) {
-      value = Array(type, size, child);
-    } else {
-      // The reference's class becomes the value's referenced class, as in the copy.
-      TCIMReference path = Reference(child, 1);
-      value.Set(path);
-    }
+    valueNode = &child;
+  }
+  if (expected == EXmlElement::kValue) {
+    const TCIMType::ECIMType type = Type(property);
+    return valueNode ? Scalar(type, *valueNode) : TCIMValue(TCIMType(type), 0);
+  }
+  if (expected == EXmlElement::kValueArray) {
+    const TCIMType::ECIMType type = Type(property);
+    const unsigned int size = Size(property);
+    return valueNode ? Array(type, size, *valueNode)
+                     : TCIMValue(TCIMType(static_cast<TCIMType::ECIMType>(
+                                     type | TCIMType::kCIMTypeArray)),
+                                 size);
+  }
+  TCIMValue value(TCIMType(TCIMType::kCIMTypeReference), 0);
+  if (const std::string* target = property.Attribute("REFERENCECLASS"))
+    value.SetReferencedClass(Class(property, *target));
+  if (valueNode) {
+    // The reference's class becomes the value's referenced class, as in the copy.
+    TCIMReference path = Reference(*valueNode, 1);
+    value.Set(path);
   }
   return value;
 }

@@ -13,6 +13,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <vyrcore/CIMObjectModel.h>
+#include <vyrcore/CIMReference.h>
 
 #include "xml/XmlTree.h"
 
@@ -37,7 +38,7 @@ class TXmlLoader {
 
   TCIMValue Scalar(TCIMValue::TCIMType::ECIMType type, const TXmlNode& value);
   TCIMValue Array(TCIMValue::TCIMType::ECIMType type, unsigned int size, const TXmlNode& values);
-  TCIMValue Reference(const TXmlNode& valueReference, int depth);
+  TCIMReference Reference(const TXmlNode& valueReference, int depth);
   TCIMValue PropertyValue(const TXmlNode& property);
 
   void QualifierDeclaration(const TXmlNode& node);
