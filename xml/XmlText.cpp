@@ -1,9 +1,11 @@
 #include "xml/XmlText.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/CIMXml.h>
@@ -137,8 +139,16 @@ const char* XmlTypeName(TCIMType type) {
 }
 
 TCIMType::ECIMType XmlTypeFromName(const std::string& name) {
-  for (unsigned int type = 0; type < 16; ++type)
-    if (kNames[type] && name == kNames[type]) return static_cast<TCIMType::ECIMType>(type);
+  // Views compare their lengths first: this runs for every value of a document.
+  static const auto views = [] {
+    std::array<std::string_view, 16> table{};
+    for (unsigned int type = 0; type < 16; ++type)
+      if (kNames[type]) table[type] = kNames[type];
+    return table;
+  }();
+  const std::string_view wanted(name);
+  for (unsigned int type = 1; type < 15; ++type)
+    if (views[type] == wanted) return static_cast<TCIMType::ECIMType>(type);
   return TCIMType::kCIMTypeNull;
 }
 

@@ -271,8 +271,9 @@ class TSaxReader {
 }  // namespace
 
 const std::string* TXmlNode::Attribute(const char* name) const {
+  const std::string_view wanted(name);
   for (const auto& attribute : fAttributes)
-    if (attribute.first == name) return &attribute.second;
+    if (std::string_view(attribute.first) == wanted) return &attribute.second;
   return nullptr;
 }
 
