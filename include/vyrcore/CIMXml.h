@@ -38,7 +38,7 @@
 // - kVYRStatusNotSupported: a CIMVERSION or DTDVERSION other than 2.x, a message or a
 //   declaration group with names or paths, entity declarations and entity references (no DTD or
 //   external entity is ever loaded, nothing goes to the network), char16 values, references
-//   nested more than 64 deep (and, through the parser, elements nested more than 256 deep);
+//   nested more than 64 deep, elements nested more than 256 deep;
 // - kVYRStatusTypeMismatch: a TYPE that is not a CIM-XML type name;
 // - kVYRStatusUnknownClass: an instance, superclass or reference of a class that the target does
 //   not hold;
@@ -82,6 +82,7 @@ enum ECIMQualifierFlavor : unsigned int {
   kCIMFlavorToInstance = 0x20
 };
 
+// A namespace saved as one CIM-XML document and loaded back; static operations only.
 class VYR_EXPORT TCIMXml {
  public:
   TCIMXml() = delete;
