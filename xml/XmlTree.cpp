@@ -2,6 +2,7 @@
 
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
+#include <libxml/tree.h>
 #include <libxml/xmlerror.h>
 
 #include <cstring>
@@ -97,7 +98,7 @@ class TSaxReader {
     // Errors are taken from the context after each chunk; nothing is printed.
     handler.serror = [](void*, xmlErrorPtr) {};
     std::unique_ptr<xmlParserCtxt, void (*)(xmlParserCtxtPtr)> parser(
-        xmlCreatePushParserCtxt(&handler, this, nullptr, 0, nullptr), &xmlFreeParserCtxt);
+        xmlCreatePushParserCtxt(&handler, this, nullptr, 0, nullptr), &FreeParser);
     if (!parser) Fail(kVYRStatusOutOfMemory);
     fParser = parser.get();
     // No DTD loading, no entity substitution, no network: only what the document holds is read.
@@ -113,6 +114,14 @@ class TSaxReader {
 
  private:
   static TSaxReader& Of(void* context) { return *static_cast<TSaxReader*>(context); }
+
+  // An internal subset that declares entities makes libxml2 build a document of its own, even
+  // in SAX mode, and the context does not free it.
+  static void FreeParser(xmlParserCtxtPtr parser) {
+    if (parser->myDoc) xmlFreeDoc(parser->myDoc);
+    parser->myDoc = nullptr;
+    xmlFreeParserCtxt(parser);
+  }
 
   int Line() const { return xmlSAX2GetLineNumber(fParser); }
 
