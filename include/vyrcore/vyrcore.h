@@ -18,6 +18,7 @@
 #include <vyrcore/RootObject.h>
 #include <vyrcore/OSSpecific.h>
 #include <vyrcore/CIMCopy.h>
+#include <vyrcore/CIMXml.h>
 #include <vyrcore/SchemaHelper.h>
 
 #endif

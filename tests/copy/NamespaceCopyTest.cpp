@@ -10,7 +10,7 @@
 #include <vyrcore/vyrmemory.h>
 #include <boost/make_shared.hpp>
 
-#include "NamespaceDump.h"
+#include "support/NamespaceDump.h"
 #include "RecordingNamespace.h"
 #include "support/TestSupport.h"
 

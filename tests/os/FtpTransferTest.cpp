@@ -16,49 +16,15 @@
 
 #include <vyrcore/OSSpecific.h>
 
+#include "support/FtpServer.h"
 #include "support/TestSupport.h"
 
 using NORXVYR20::TOSSpecific;
 
 namespace {
 
-const std::string kUploadDirectory = "nimbar/toorx/nimline/zul_upload/";
-
-// The server's tree: root/down readable, root/up writable with the upload directory in place.
-class FtpServer {
- public:
-  FtpServer() {
-    std::filesystem::create_directories(fRoot / "down/sub");
-    std::filesystem::create_directories(fRoot / ("up/" + kUploadDirectory));
-    int ends[2];
-    if (pipe(ends) != 0) throw std::runtime_error("pipe");
-    fPid = fork();
-    if (fPid == 0) {
-      dup2(ends[1], 1);
-      close(ends[0]);
-      execl(VYR_FTP_SERVER, VYR_FTP_SERVER, fRoot.Path().c_str(), static_cast<char*>(nullptr));
-      _exit(127);
-    }
-    close(ends[1]);
-    FILE* announced = fdopen(ends[0], "r");
-    if (!announced || std::fscanf(announced, "%d", &fPort) != 1) fPort = -1;
-    if (announced) std::fclose(announced);
-  }
-  ~FtpServer() {
-    kill(fPid, SIGTERM);
-    waitpid(fPid, nullptr, 0);
-  }
-  bool IsRunning() const { return fPort > 0; }
-  std::string Url(const std::string& tree) const {
-    return "ftp://127.0.0.1:" + std::to_string(fPort) + "/" + tree + "/";
-  }
-  std::string operator/(const std::string& path) const { return fRoot / path; }
-
- private:
-  vyrtest::ScopedTempDir fRoot;
-  pid_t fPid = -1;
-  int fPort = -1;
-};
+using vyrtest::FtpServer;
+const std::string kUploadDirectory = vyrtest::kFtpUploadDirectory;
 
 // A loopback port nobody listens on: bound to find it, then let go.
 int ClosedPort() {

@@ -13,6 +13,29 @@ bool TakeValue(int argc, char** argv, int* index, std::string* value, std::strin
   return true;
 }
 
+// The options that only make sense together, or not at all together.
+bool CheckCombination(const THostOptions& options, std::string* error) {
+  if (!options.fLoadFile.empty() && (!options.fRootDir.empty() || options.fMedia)) {
+    *error = "--load reports on a saved collection: it cannot go with --root or --media";
+    return false;
+  }
+  if (options.fUploadName.find('/') != std::string::npos) {
+    *error = "--upload takes a name, not a path: " + options.fUploadName;
+    return false;
+  }
+  if (!options.fUploadBase.empty()) {
+    if (options.fUploadName.empty()) {
+      *error = "--upload-base needs --upload";
+      return false;
+    }
+    if (options.fUploadBase.rfind("ftp://", 0) != 0) {
+      *error = "--upload-base takes an ftp:// URL: " + options.fUploadBase;
+      return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 bool ParseHostOptions(int argc, char** argv, THostOptions* options, std::string* error) {
@@ -28,16 +51,25 @@ bool ParseHostOptions(int argc, char** argv, THostOptions* options, std::string*
       if (!TakeValue(argc, argv, &i, &options->fRootDir, error)) return false;
     } else if (arg == "--plugins") {
       if (!TakeValue(argc, argv, &i, &options->fPluginDir, error)) return false;
+    } else if (arg == "--save") {
+      if (!TakeValue(argc, argv, &i, &options->fSaveFile, error)) return false;
+    } else if (arg == "--load") {
+      if (!TakeValue(argc, argv, &i, &options->fLoadFile, error)) return false;
+    } else if (arg == "--upload") {
+      if (!TakeValue(argc, argv, &i, &options->fUploadName, error)) return false;
+    } else if (arg == "--upload-base") {
+      if (!TakeValue(argc, argv, &i, &options->fUploadBase, error)) return false;
     } else {
       *error = "unknown argument " + arg;
       return false;
     }
   }
-  return true;
+  return CheckCombination(*options, error);
 }
 
 void PrintUsage(std::ostream& out) {
-  out << "Usage: vyr-host [--root DIR] [--media] [--log FILE] [--plugins DIR] [--help]\n"
+  out << "Usage: vyr-host [--root DIR | --load FILE] [--media] [--log FILE] [--plugins DIR]\n"
+         "                [--save FILE] [--upload NAME [--upload-base URL]] [--help]\n"
          "\n"
          "Loads every namespace provider (lib<name>.nsp.so) and consumer (lib<name>.nsc.so)\n"
          "that lies beside libvyrcore, lists the registered providers, then reads this machine\n"
@@ -52,7 +84,16 @@ void PrintUsage(std::ostream& out) {
          "  --log FILE     also write the log to FILE\n"
          "  --plugins DIR  load the collector plug-ins found in the sub-directories of DIR and\n"
          "                 print the path of each one's specification document\n"
+         "  --save FILE    save the snapshot to FILE as a CIM-XML collection, gzip-compressed\n"
+         "                 when FILE ends in \".gz\"\n"
+         "  --load FILE    report on a saved collection (plain or compressed) instead of this\n"
+         "                 machine\n"
+         "  --upload NAME  upload the snapshot by FTP, compressed, as\n"
+         "                 nimbar/toorx/nimline/zul_upload/NAME.xml.gz on the upload server\n"
+         "  --upload-base URL\n"
+         "                 the upload server's root, an ftp:// URL (default: the build's setting)\n"
          "  --help         print this text\n"
          "\n"
-         "Exit status: 0 on success, 1 when something fails to load, 2 for a usage error.\n";
+         "Exit status: 0 on success, 1 when something fails to load, save or upload, 2 for a\n"
+         "usage error.\n";
 }

@@ -54,12 +54,15 @@ std::string MissingSerial(const std::string& rootDir) {
   return "unavailable (" + path + ": " + std::strerror(errno) + ")";
 }
 
+// A collection cannot be asked why it holds no serial number; the machine read live can.
 std::string SerialNumber(const boost::shared_ptr<ICIMNamespace>& snapshot,
-                         const std::string& rootDir) {
+                         const TReportSubject& subject) {
   try {
     return THelper::GetSerialNumber(snapshot, {});
   } catch (const TVYRException& e) {
-    if (e.GetStatusCode().GetCode() != kVYRStatusInvalidFormat) return MissingSerial(rootDir);
+    if (e.GetStatusCode().GetCode() != kVYRStatusInvalidFormat)
+      return subject.file.empty() ? MissingSerial(subject.rootDir)
+                                  : "unavailable (not in the collection)";
   }
   return "\"" + THelper::GetRawSerialNumberString(snapshot, {}) +
          "\" (not a 7-character serial number)";
@@ -102,7 +105,7 @@ void ShowRemovableMedia(const boost::shared_ptr<ICIMNamespace>& snapshot, std::o
 
 }  // namespace
 
-void ShowIdentity(const std::string& rootDir, bool media, std::ostream& out) {
+TSnapshot SnapshotOfMachine(const std::string& rootDir) {
   const auto registry = TRootObject::GetNamespaceProviderManager();
   boost::shared_ptr<INamespaceProvider> linux;
   try {
@@ -114,11 +117,25 @@ void ShowIdentity(const std::string& rootDir, bool media, std::ostream& out) {
   if (!rootDir.empty()) context["RootDirectory"] = TCIMValue(rootDir);
   const boost::shared_ptr<ICIMNamespace> live = linux->GetNamespace("root/linux", context);
   // The report reads a copy, as a saved collection would: what it prints is what was kept.
-  const boost::shared_ptr<ICIMNamespace> snapshot = TMemoryNamespace::Create("root/snapshot");
+  const TSnapshot snapshot = TMemoryNamespace::Create("root/snapshot");
   TCIMCopy::CopyClasses(live, snapshot);
+  return snapshot;
+}
 
+TSnapshot SnapshotOfCollection(const std::string& file) {
+  const TSnapshot snapshot = TMemoryNamespace::Create("root/snapshot");
+  TCIMXml::Load(file, snapshot);
+  return snapshot;
+}
+
+void ShowIdentity(const TSnapshot& snapshot, const TReportSubject& subject, bool media,
+                  std::ostream& out) {
   const TReasons notStated = {{kVYRStatusValueIsNULL, "not stated by the firmware"}};
-  out << "\nThis machine" << (rootDir.empty() ? "" : " (as read below " + rootDir + ")") << ":\n";
+  const std::string& rootDir = subject.rootDir;
+  if (subject.file.empty())
+    out << "\nThis machine" << (rootDir.empty() ? "" : " (as read below " + rootDir + ")") << ":\n";
+  else
+    out << "\nThe collection " << subject.file << ":\n";
   Line(out, "Host name", Answer([&] { return THelper::GetSystemName(snapshot); }));
   Line(out, "Product name", Answer([&] { return THelper::GetSystemProductName(snapshot); },
                                    notStated));
@@ -129,7 +146,7 @@ void ShowIdentity(const std::string& rootDir, bool media, std::ostream& out) {
        },
               {{kVYRStatusNotFound, "no product name"},
                {kVYRStatusInvalidFormat, "not recognised in the product name"}}));
-  Line(out, "Serial number", SerialNumber(snapshot, rootDir));
+  Line(out, "Serial number", SerialNumber(snapshot, subject));
   Line(out, "Operating system", Answer([&] { return THelper::GetOperatingSystemName(snapshot); }));
   Line(out, "OS version", Answer([&] { return THelper::GetOperatingSystemVersion(snapshot); }));
   Line(out, "OS type", Answer([&] {

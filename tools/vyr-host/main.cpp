@@ -3,10 +3,12 @@
 // It makes the logger, finds libvyrcore's own directory, loads every provider and consumer that
 // lies there (the "linux" and "memory" providers among them), optionally loads collector plug-ins,
 // lists the registered providers, then prints the identity of the machine as the "linux" provider
-// reads it. See PrintUsage for the command line.
+// reads it (or of a saved collection), and saves or uploads what it read. See PrintUsage for the
+// command line.
 #include <functional>
 #include <iostream>
 
+#include "CollectionSteps.h"
 #include "HostOptions.h"
 #include "HostSteps.h"
 #include "IdentityReport.h"
@@ -32,6 +34,30 @@ bool RunStep(const std::string& what, const std::function<void()>& step) {
   return false;
 }
 
+// The snapshot of the main job (the machine, or the collection loaded), its report, then its
+// saving and uploading.
+bool RunReport(const THostOptions& options) {
+  TSnapshot snapshot;
+  const TReportSubject subject{options.fRootDir, options.fLoadFile};
+  const bool read =
+      options.fLoadFile.empty()
+          ? RunStep("read this machine's identity",
+                    [&] { snapshot = SnapshotOfMachine(options.fRootDir); })
+          : RunStep("load the collection " + options.fLoadFile,
+                    [&] { snapshot = SnapshotOfCollection(options.fLoadFile); });
+  return read &&
+         RunStep(options.fLoadFile.empty() ? "read this machine's identity"
+                                           : "report on the collection",
+                 [&] { ShowIdentity(snapshot, subject, options.fMedia, std::cout); }) &&
+         (options.fSaveFile.empty() ||
+          RunStep("save the collection to " + options.fSaveFile,
+                  [&] { SaveCollection(snapshot, options.fSaveFile, std::cout); })) &&
+         (options.fUploadName.empty() ||
+          RunStep("upload the collection as " + options.fUploadName, [&] {
+            UploadCollection(snapshot, options.fUploadName, options.fUploadBase, std::cout);
+          }));
+}
+
 int Run(const THostOptions& options) {
   if (!RunStep("start the log", [&] { StartLogger(options.fLogFile); })) return 1;
   std::vector<std::unique_ptr<INamespaceConsumer>> consumers;
@@ -44,8 +70,7 @@ int Run(const THostOptions& options) {
        RunStep("load the plug-ins of " + options.fPluginDir,
                [&] { LoadPlugins(options.fPluginDir, std::cout); })) &&
       RunStep("list the providers", [] { ListProviders(std::cout); }) &&
-      RunStep("read this machine's identity",
-              [&] { ShowIdentity(options.fRootDir, options.fMedia, std::cout); });
+      RunReport(options);
   consumers.clear();
   // Destroying the logger writes the log file's closing banner.
   delete TLogger::GetInstance();

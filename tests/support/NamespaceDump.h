@@ -6,8 +6,8 @@
 // static values, methods with their parameters, and its own instances with every property value.
 // A reference is written with its key bindings and whether its class object is this namespace's
 // ("here") or another's, so a copy that forgot to re-point one shows up.
-#ifndef VYRCORE_TESTS_COPY_NAMESPACEDUMP_H
-#define VYRCORE_TESTS_COPY_NAMESPACEDUMP_H
+#ifndef VYRCORE_TESTS_SUPPORT_NAMESPACEDUMP_H
+#define VYRCORE_TESTS_SUPPORT_NAMESPACEDUMP_H
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "NamespaceDump.h"
+#include "support/NamespaceDump.h"
 
 #include <utility>
 
@@ -75,7 +75,9 @@ class TDumper {
     c->EnumerateStaticProperties(statics, fContext);
     boost::function<bool(boost::shared_ptr<ICIMMethodDecl>)> methods =
         [&](boost::shared_ptr<ICIMMethodDecl> m) {
-          Add("method " + m->GetName() + " : " + m->GetReturnType().ToString());
+          const Type returnType = m->GetReturnType();
+          Add("method " + m->GetName() + " : " +
+              (returnType == Type::kCIMTypeNull ? "none" : returnType.ToString()));
           boost::function<bool(boost::shared_ptr<ICIMParameterDecl>)> parameters =
               [&](boost::shared_ptr<ICIMParameterDecl> p) {
                 Add("  parameter " + p->GetName() + " : " + p->GetType().ToString());
@@ -214,12 +216,14 @@ Lines Dump(const boost::shared_ptr<ICIMNamespace>& space) { return TDumper(space
 
 void FillRichNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
   TBuilder b(space);
-  b.Declare("Abstract", TCIMValue(false), 1, 2);
-  b.Declare("Association", TCIMValue(false), 1, 3);
-  b.Declare("Description", TCIMValue(""), 0x7f, 4);
-  b.Declare("Key", TCIMValue(false), 2, 0);
-  b.Declare("OVERRIDE", TCIMValue("x"), 2, 5);
-  b.Declare("MaxValue", TCIMValue(99u), 0x40, 6);
+  // Flavors hold one bit of each pair (override 1/2, propagation 4/8) as a saved collection keeps
+  // them, plus translatable 0x10 and to-instance 0x20.
+  b.Declare("Abstract", TCIMValue(false), 1, 0x0a);
+  b.Declare("Association", TCIMValue(false), 1, 0x06);
+  b.Declare("Description", TCIMValue(""), 0x7f, 0x15);
+  b.Declare("Key", TCIMValue(false), 2, 0x06);
+  b.Declare("OVERRIDE", TCIMValue("x"), 2, 0x09);
+  b.Declare("MaxValue", TCIMValue(99u), 0x40, 0x25);
 
   boost::shared_ptr<ICIMClass> element = b.Class("T_Element", "");
   b.Qualify(*element, "Abstract", TCIMValue(true));
