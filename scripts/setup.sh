@@ -3,7 +3,8 @@
 set -euo pipefail
 
 packages=(cmake make g++ pkg-config libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount)
+          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount
+          dpkg-dev file lintian doxygen groff-base)
 
 missing=()
 for p in "${packages[@]}"; do
