@@ -44,8 +44,9 @@ int TOSSpecific::USleep(unsigned int milliseconds) {
 bool TOSSpecific::IsAdmin() { return ::getuid() == 0; }
 
 void TOSSpecific::LaunchTextEditor(std::string path) {
-  // Unquoted by design (see the header): the caller's path is part of the command line.
-  std::system(("vi " + path).c_str());
+  // Unquoted by design (see the header): the caller's path is part of the command line. The
+  // editor's exit status is the operator's business, not the caller's.
+  [[maybe_unused]] const int status = std::system(("vi " + path).c_str());
 }
 
 int TOSSpecific::LaunchCommandShell() { return std::system("sh"); }

@@ -4,7 +4,8 @@ set -euo pipefail
 
 packages=(cmake make g++ pkg-config libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
           libxml2-dev zlib1g-dev libxml2-utils
-          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount tzdata)
+          libcurl4-openssl-dev python3-pyftpdlib clang libclang-rt-14-dev e2fsprogs mount tzdata
+          dpkg-dev file lintian doxygen groff-base)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Sets everything up, builds, and runs every test twice: once plain (with the check that the
 # installed package can be consumed), once under AddressSanitizer and UndefinedBehaviorSanitizer.
+# After the plain run it builds the API reference and the Debian packages (scripts/package.sh) and
+# uses the packages from a temporary root.
 # In between, with clang, it runs every fuzz target for a short time (scripts/fuzz.sh), so the
 # run still ends with the test summary.
 set -euo pipefail
@@ -13,6 +15,13 @@ echo "== plain build and tests"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$jobs"
 ctest --test-dir build --output-on-failure -j"$jobs"
+
+echo "== API reference (Doxygen, an undocumented public class or operation fails it)"
+cmake --build build --target vyr_api_reference
+
+echo "== Debian packages: built, checked by lintian, unpacked into a temporary root and used"
+scripts/package.sh
+tests/package/check.sh build-deb/packages tests/consumer build-deb/package-check
 
 if command -v clang++ >/dev/null 2>&1; then
   echo "== fuzz targets (clang: libFuzzer, ASan + UBSan), 20 s each"

@@ -1,8 +1,9 @@
-// RootObject.h: TRootObject, the single access point to the library's process-wide objects.
-//
-// Static operations only. GetCoreLogger returns the logger made by TLogger::Initialize, or null
-// before that: code that may run early checks for null. GetNamespaceProviderManager returns the
-// process's registry of namespace providers, made on first use. One thread at a time.
+/// @file
+/// RootObject.h: TRootObject, the single access point to the library's process-wide objects.
+///
+/// Static operations only. GetCoreLogger returns the logger made by TLogger::Initialize, or null
+/// before that: code that may run early checks for null. GetNamespaceProviderManager returns the
+/// process's registry of namespace providers, made on first use. One thread at a time.
 #ifndef VYRCORE_ROOTOBJECT_H
 #define VYRCORE_ROOTOBJECT_H
 
@@ -14,13 +15,14 @@
 
 namespace NORXVYR20 {
 
+/// The access point to the process-wide logger and provider registry.
 class VYR_EXPORT TRootObject {
  public:
   TRootObject() = delete;
 
-  // Exactly TLogger::GetInstance(); never creates the logger.
+  /// Exactly TLogger::GetInstance(); never creates the logger.
   static ILogger* GetCoreLogger();
-  // TNamespaceProviderManager::GetInstance(), seen through its interface.
+  /// TNamespaceProviderManager::GetInstance(), seen through its interface.
   static boost::shared_ptr<INamespaceProviderManager> GetNamespaceProviderManager();
 };
 

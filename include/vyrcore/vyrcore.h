@@ -1,4 +1,5 @@
-// vyrcore.h: everything public of libvyrcore in one include.
+/// @file
+/// vyrcore.h: everything public of libvyrcore in one include.
 #ifndef VYRCORE_VYRCORE_H
 #define VYRCORE_VYRCORE_H
 
