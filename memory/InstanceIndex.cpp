@@ -22,8 +22,7 @@ bool TInstanceIndex::KeyOf(const TMemoryInstance& instance, const std::vector<st
                            TValueKey& key) const {
   key.Clear();
   for (const std::string& name : names) {
-    const TCIMValue* value = instance.EffectiveValue(name, fOwner);
-    if (value == nullptr || !key.Append(*value)) return false;
+    if (!instance.AppendKey(name, fOwner, key)) return false;
   }
   return true;
 }

@@ -126,14 +126,31 @@ boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationFor(const std::s
   if (!declaration) {
     Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
   }
+  CheckType(name, *declaration, value);
+  return declaration;
+}
+
+std::size_t TMemoryClass::SlotFor(const std::string& name, const TCIMValue& value,
+                                  std::uint16_t& generation) const {
+  const TPropertySlots& slots = Slots();
+  std::size_t slot = 0;
+  if (!slots.Find(name, slot)) {
+    Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  }
+  generation = slots.Current(slot);
+  CheckType(name, *slots.Declaration(slot, generation), value);
+  return slot;
+}
+
+void TMemoryClass::CheckType(const std::string& name, const TMemoryPropertyDecl& declaration,
+                             const TCIMValue& value) const {
   // The type must be the declared one exactly, null values included.
-  const TCIMValue::TCIMType declared = declaration->GetType();
+  const TCIMValue::TCIMType declared = declaration.GetType();
   if (static_cast<TCIMValue::TCIMType::ECIMType>(declared) != value.GetType()) {
     Refuse(kVYRStatusTypeMismatch, "property " + Quoted(name) + " of class " + Quoted(fName) +
                                        " is declared " + TypeText(declared) + ", not " +
                                        TypeText(value.GetType()));
   }
-  return declaration;
 }
 
 boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
@@ -156,7 +173,13 @@ boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyD
   }
   fAllDecls = boost::make_shared<const TPropertyDecls>(all.Take());
   fAllDeclsCount = count;
+  fSlots.Update(*fAllDecls);
   return fAllDecls;
+}
+
+const TPropertySlots& TMemoryClass::Slots() const {
+  AllPropertyDecls();
+  return fSlots;
 }
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
@@ -172,7 +195,7 @@ void TMemoryClass::EnumerateStaticProperties(
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
-  return boost::shared_ptr<ICIMInstance>(new TMemoryInstance(shared_from_this()));
+  return boost::make_shared<TMemoryInstance>(shared_from_this());
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path, TCIMContext&) {
@@ -225,6 +248,7 @@ void TMemoryClass::ReleaseMembers() {
   }
   fPropertyDecls.Clear();
   fAllDecls.reset();
+  fSlots.Clear();
   fStaticProperties.Clear();
   for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls.InOrder()) {
     method->ReleaseMembers();
