@@ -153,12 +153,12 @@ void TMemoryClass::CheckType(const std::string& name, const TMemoryPropertyDecl&
   }
 }
 
-boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
+void TMemoryClass::FollowDeclarations() const {
   std::size_t count = 0;
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) {
     count += c->fPropertyDecls.InOrder().size();
   }
-  if (fAllDecls && fAllDeclsCount == count) return fAllDecls;
+  if (fAllDecls && fAllDeclsCount == count) return;
 
   std::vector<const TMemoryClass*> chain;
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) chain.push_back(c);
@@ -174,11 +174,15 @@ boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyD
   fAllDecls = boost::make_shared<const TPropertyDecls>(all.Take());
   fAllDeclsCount = count;
   fSlots.Update(*fAllDecls);
+}
+
+boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
+  FollowDeclarations();
   return fAllDecls;
 }
 
 const TPropertySlots& TMemoryClass::Slots() const {
-  AllPropertyDecls();
+  FollowDeclarations();
   return fSlots;
 }
 

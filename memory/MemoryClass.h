@@ -110,6 +110,8 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep);
   bool WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback, bool deep);
   void ForgetDefaults(const std::string& name);
+  // Brings fAllDecls and fSlots up to the declarations made so far.
+  void FollowDeclarations() const;
 
   std::string fName;
   boost::shared_ptr<TMemoryClass> fSuperclass;

@@ -120,7 +120,7 @@ bool TMemoryInstance::AppendKey(const std::string& name, const TMemoryClass& own
   std::size_t slot = 0;
   if (!slots.Find(name, slot)) return false;
   if (slot < fSlots.size() && fSlots[slot].IsSet()) return fSlots[slot].AppendKey(key);
-  const boost::shared_ptr<TMemoryPropertyDecl> declaration =
+  const boost::shared_ptr<TMemoryPropertyDecl>& declaration =
       slots.Declaration(slot, slots.Current(slot));
   return declaration && key.Append(declaration->GetDefaultValue());
 }

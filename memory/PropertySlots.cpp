@@ -30,9 +30,9 @@ bool TPropertySlots::Find(const std::string& name, std::size_t& slot) const {
   return true;
 }
 
-TPropertySlots::TDecl TPropertySlots::Declaration(std::size_t slot,
-                                                  std::uint16_t generation) const {
-  if (slot >= fDeclarations.size() || generation >= fDeclarations[slot].size()) return TDecl();
+const TPropertySlots::TDecl& TPropertySlots::Declaration(std::size_t slot,
+                                                         std::uint16_t generation) const {
+  if (slot >= fDeclarations.size() || generation >= fDeclarations[slot].size()) return fNone;
   return fDeclarations[slot][generation];
 }
 

@@ -43,7 +43,7 @@ class TPropertySlots {
     return static_cast<std::uint16_t>(fDeclarations[slot].size() - 1);
   }
   // The declaration of that generation; empty when the table was cleared since.
-  TDecl Declaration(std::size_t slot, std::uint16_t generation) const;
+  const TDecl& Declaration(std::size_t slot, std::uint16_t generation) const;
   // Forgets every slot and declaration (the class's teardown).
   void Clear();
 
@@ -51,6 +51,7 @@ class TPropertySlots {
   std::unordered_map<std::string, std::size_t> fByName;
   std::vector<std::vector<TDecl>> fDeclarations;
   boost::shared_ptr<const TSlotNumbers> fInOrder;
+  TDecl fNone;
 };
 
 }  // namespace detail

@@ -59,6 +59,13 @@ class TNamespaceStandIn : public ICIMNamespace {
   std::string fName;
 };
 
+// A non-null reference or array of references: the values StoredValue rebuilds.
+bool HoldsReferences(const TCIMValue& value) {
+  const unsigned int elementType =
+      value.GetType() & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
+  return !value.IsNull() && elementType == TCIMValue::TCIMType::kCIMTypeReference;
+}
+
 boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
   if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
     return memory->GetStandIn();
@@ -70,7 +77,11 @@ TCIMReference StoredReference(const TCIMReference& reference) {
   TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
   stored.SetClass(reference.GetClass());
   reference.EnumerateKeyBindings([&stored](const std::pair<std::string, TCIMValue>& key) {
-    stored.AddKeyValue(key.first, StoredValue(key.second));
+    if (HoldsReferences(key.second)) {
+      stored.AddKeyValue(key.first, StoredValue(key.second));
+    } else {
+      stored.AddKeyValue(key.first, key.second);  // no copy of its own needed
+    }
     return true;
   });
   return stored;
@@ -79,10 +90,7 @@ TCIMReference StoredReference(const TCIMReference& reference) {
 }  // namespace
 
 TCIMValue StoredValue(const TCIMValue& value) {
-  const TCIMValue::TCIMType::ECIMType type = value.GetType();
-  const unsigned int elementType =
-      type & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
-  if (value.IsNull() || elementType != TCIMValue::TCIMType::kCIMTypeReference) return value;
+  if (!HoldsReferences(value)) return value;
 
   if (value.IsReference()) {
     TCIMReference stored = StoredReference(value.operator TCIMReference());
