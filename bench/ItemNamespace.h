@@ -1,6 +1,6 @@
 // ItemNamespace.h: the namespace the in-memory benchmarks work on. A class B_Item of 10 properties
 // (a reference and a number as keys, two strings, four other numbers, a boolean and a date/time)
-// whose instances refer to the one instance of B_Host.
+// whose instances refer to instances of B_Host.
 #ifndef VYRBENCH_ITEMNAMESPACE_H
 #define VYRBENCH_ITEMNAMESPACE_H
 
@@ -14,7 +14,9 @@ namespace vyrbench {
 
 using namespace NORXVYR20;
 
-// An in-memory namespace with both classes committed and the host instance, without items.
+inline TCIMValue AddHost(const boost::shared_ptr<ICIMNamespace>& space, const std::string& name);
+
+// An in-memory namespace with both classes committed and the host h1, without items.
 inline boost::shared_ptr<ICIMNamespace> MakeItemNamespace(const std::string& name) {
   TCIMContext c;
   boost::shared_ptr<ICIMNamespace> space = TMemoryNamespace::Create(name);
@@ -22,9 +24,6 @@ inline boost::shared_ptr<ICIMNamespace> MakeItemNamespace(const std::string& nam
   boost::shared_ptr<ICIMClass> host = space->CreateClass("B_Host", {}, c);
   host->CreatePropertyDecl("Name", TCIMValue(""), c);
   host->Commit(c);
-  boost::shared_ptr<ICIMInstance> h1 = host->CreateInstance(c);
-  h1->SetPropertyValue("Name", TCIMValue("h1"), c);
-  h1->Commit(c);
 
   boost::shared_ptr<ICIMClass> item = space->CreateClass("B_Item", {}, c);
   TCIMValue nullHost(TCIMValue::TCIMType(TCIMValue::TCIMType::kCIMTypeReference), 0);
@@ -42,22 +41,36 @@ inline boost::shared_ptr<ICIMNamespace> MakeItemNamespace(const std::string& nam
   item->CreatePropertyDecl("Port", TCIMValue(static_cast<unsigned short>(0)), c);
   item->CreatePropertyDecl("Seen", TCIMValue(TCIMDateTime(2024, 5, 6, 7, 8, 9, 0, 0)), c);
   item->Commit(c);
+  AddHost(space, "h1");
   return space;
 }
 
-// The names of B_Item's properties, in declaration order.
+// Commits a B_Host named name, and answers a reference value to it.
+inline TCIMValue AddHost(const boost::shared_ptr<ICIMNamespace>& space, const std::string& name) {
+  TCIMContext c;
+  boost::shared_ptr<ICIMInstance> host = space->GetClass("B_Host", c)->CreateInstance(c);
+  host->SetPropertyValue("Name", TCIMValue(name), c);
+  host->Commit(c);
+  TCIMReference path(space, "B_Host.Name=\"" + name + "\"", TCIMContext());
+  return TCIMValue(path);
+}
+
+// A reference value to the host that MakeItemNamespace commits.
+inline TCIMValue FirstHost(const boost::shared_ptr<ICIMNamespace>& space) {
+  TCIMReference path(space, "B_Host.Name=\"h1\"", TCIMContext());
+  return TCIMValue(path);
+}
+
+// The names of B_Item's properties but the first (Host), in declaration order.
 inline const std::vector<std::string>& ItemPropertyNames() {
-  static const std::vector<std::string> names = {"Host", "Index", "Label", "Path", "Bytes",
-                                                 "Delta", "Load", "Enabled", "Port", "Seen"};
+  static const std::vector<std::string> names = {"Index", "Label", "Path", "Bytes", "Delta",
+                                                 "Load", "Enabled", "Port", "Seen"};
   return names;
 }
 
-// The values of item number i, in the order of ItemPropertyNames.
-inline std::vector<TCIMValue> ItemValues(const boost::shared_ptr<ICIMNamespace>& space, int i) {
-  TCIMReference toHost(space, "B_Host.Name=\"h1\"", TCIMContext());
-  const TCIMValue host(toHost);
-  return {host,
-          TCIMValue(static_cast<unsigned int>(i)),
+// The values of item number i but its host, in the order of ItemPropertyNames.
+inline std::vector<TCIMValue> ItemValues(int i) {
+  return {TCIMValue(static_cast<unsigned int>(i)),
           TCIMValue("item " + std::to_string(i)),
           TCIMValue("/sys/devices/system/item" + std::to_string(i)),
           TCIMValue(static_cast<unsigned long>(i) * 4096),
@@ -69,9 +82,10 @@ inline std::vector<TCIMValue> ItemValues(const boost::shared_ptr<ICIMNamespace>&
 }
 
 // Creates, fills and commits one item.
-inline void AddItem(ICIMClass& item, const std::vector<TCIMValue>& values) {
+inline void AddItem(ICIMClass& item, const TCIMValue& host, const std::vector<TCIMValue>& values) {
   TCIMContext c;
   boost::shared_ptr<ICIMInstance> instance = item.CreateInstance(c);
+  instance->SetPropertyValue("Host", host, c);
   const std::vector<std::string>& names = ItemPropertyNames();
   for (std::size_t p = 0; p < names.size(); ++p) instance->SetPropertyValue(names[p], values[p], c);
   instance->Commit(c);

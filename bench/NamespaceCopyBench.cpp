@@ -17,7 +17,8 @@ boost::shared_ptr<ICIMNamespace> MakeSource() {
   boost::shared_ptr<ICIMNamespace> space = vyrbench::MakeItemNamespace("root/source");
   TCIMContext c;
   const boost::shared_ptr<ICIMClass> item = space->GetClass("B_Item", c);
-  for (int i = 0; i < kInstances; ++i) vyrbench::AddItem(*item, vyrbench::ItemValues(space, i));
+  const TCIMValue host = vyrbench::FirstHost(space);
+  for (int i = 0; i < kInstances; ++i) vyrbench::AddItem(*item, host, vyrbench::ItemValues(i));
   return space;
 }
 

@@ -88,6 +88,9 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::
 
 boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                   TCIMContext&) {
+  // Key bindings are typed by this answer: the slots must have seen the declaration for
+  // DeclaresContentTypesOnly to cover it, even once a re-declaration supersedes it.
+  FollowDeclarations();
   return DeclarationOf(name);
 }
 
@@ -181,6 +184,12 @@ boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyD
   return fAllDecls;
 }
 
+boost::shared_ptr<const TCIMValue> TMemoryClass::KeepReference(std::size_t slot,
+                                                               const TCIMValue& value) {
+  if (slot >= fReferenceMemos.size()) fReferenceMemos.resize(slot + 1);
+  return fReferenceMemos[slot].Keep(value);
+}
+
 const TPropertySlots& TMemoryClass::Slots() const {
   FollowDeclarations();
   return fSlots;
@@ -253,6 +262,7 @@ void TMemoryClass::ReleaseMembers() {
   fPropertyDecls.Clear();
   fAllDecls.reset();
   fSlots.Clear();
+  fReferenceMemos.clear();
   fStaticProperties.Clear();
   for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls.InOrder()) {
     method->ReleaseMembers();

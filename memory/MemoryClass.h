@@ -24,6 +24,7 @@
 #include "MemoryDeclarations.h"
 #include "NamedList.h"
 #include "PropertySlots.h"
+#include "ReferenceMemo.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -102,6 +103,11 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   boost::shared_ptr<const TPropertyDecls> AllPropertyDecls() const;
   // Where the instances keep their values, brought up to the declarations the class sees now.
   const TPropertySlots& Slots() const;
+  // A reference to this class compares by content alone: every declaration the class has seen
+  // (ReferenceMemo.h) is a boolean, integer or string.
+  bool DeclaresContentTypesOnly() const { return Slots().ContentTypesOnly(); }
+  // The stored form of a reference value set in slot by an instance (ReferenceMemo.h).
+  boost::shared_ptr<const TCIMValue> KeepReference(std::size_t slot, const TCIMValue& value);
   TInstanceIndex& Instances() { return fInstances; }
   // Drops every member, instance and subclass link (the namespace's teardown).
   void ReleaseMembers();
@@ -131,6 +137,7 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   mutable std::size_t fAllDeclsCount = 0;
   // Follows fAllDecls.
   mutable TPropertySlots fSlots;
+  std::vector<TReferenceMemo> fReferenceMemos;  // by slot
 };
 
 }  // namespace detail

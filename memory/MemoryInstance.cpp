@@ -92,7 +92,9 @@ void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue&
   std::uint16_t generation = 0;
   const std::size_t slot = cimClass->SlotFor(name, value, generation);
   // Everything that can throw comes before the index lets go of the old value.
-  TStoredSlot stored(value, generation);
+  TStoredSlot stored = value.IsReference()
+                           ? TStoredSlot(cimClass->KeepReference(slot, value), generation)
+                           : TStoredSlot(value, generation);
   if (slot >= fSlots.size()) fSlots.resize(cimClass->Slots().Count());
   if (fCommitted) cimClass->Instances().Withdraw(*this, name);
   fSlots[slot] = std::move(stored);

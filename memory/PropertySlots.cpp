@@ -8,6 +8,15 @@
 namespace NORXVYR20 {
 namespace detail {
 
+namespace {
+
+bool IsContentType(TCIMValue::TCIMType::ECIMType type) {
+  return type >= TCIMValue::TCIMType::kCIMTypeBoolean &&
+         (type <= TCIMValue::TCIMType::kCIMTypeSInt64 || type == TCIMValue::TCIMType::kCIMTypeString);
+}
+
+}  // namespace
+
 void TPropertySlots::Update(const std::vector<TDecl>& declarations) {
   boost::shared_ptr<TSlotNumbers> inOrder = boost::make_shared<TSlotNumbers>();
   inOrder->reserve(declarations.size());
@@ -17,7 +26,10 @@ void TPropertySlots::Update(const std::vector<TDecl>& declarations) {
     std::vector<TDecl>& resolved = fDeclarations[placed.first->second];
     // The most derived declaration of a name only ever moves down the class chain, so a name
     // resolves to at most one declaration per class above it.
-    if (resolved.empty() || resolved.back() != declaration) resolved.push_back(declaration);
+    if (resolved.empty() || resolved.back() != declaration) {
+      resolved.push_back(declaration);
+      fContentTypesOnly = fContentTypesOnly && IsContentType(declaration->GetType());
+    }
     inOrder->push_back(placed.first->second);
   }
   fInOrder = inOrder;

@@ -44,6 +44,9 @@ class TPropertySlots {
   }
   // The declaration of that generation; empty when the table was cleared since.
   const TDecl& Declaration(std::size_t slot, std::uint16_t generation) const;
+  // True while every declaration seen so far (superseded ones included) is of a type whose values
+  // are equal only when their content is the same: booleans, integers and strings.
+  bool ContentTypesOnly() const { return fContentTypesOnly; }
   // Forgets every slot and declaration (the class's teardown).
   void Clear();
 
@@ -52,6 +55,7 @@ class TPropertySlots {
   std::vector<std::vector<TDecl>> fDeclarations;
   boost::shared_ptr<const TSlotNumbers> fInOrder;
   TDecl fNone;
+  bool fContentTypesOnly = true;
 };
 
 }  // namespace detail

@@ -67,9 +67,14 @@ TStoredSlot::TStoredSlot(const TCIMValue& value, std::uint16_t generation)
     new (fStorage) TCIMDateTime*(new TCIMDateTime(value.operator TCIMDateTime()));
     fKind = kDateTime;
   } else {
-    new (fStorage) TWhole(new TCIMValue(StoredValue(value)));
+    new (fStorage) TWhole(SharedStoredValue(value));
     fKind = kWhole;
   }
+}
+
+TStoredSlot::TStoredSlot(boost::shared_ptr<const TCIMValue> whole, std::uint16_t generation)
+    : fKind(kWhole), fGeneration(generation) {
+  new (fStorage) TWhole(std::move(whole));
 }
 
 TStoredSlot::TStoredSlot(TStoredSlot&& other) noexcept { StealFrom(other); }

@@ -36,6 +36,8 @@ class TStoredSlot {
 
   // A slot holding a copy of value, set under the declaration numbered generation.
   TStoredSlot(const TCIMValue& value, std::uint16_t generation);
+  // A slot sharing a value kept whole (a stored form, see StoredValue.h).
+  TStoredSlot(boost::shared_ptr<const TCIMValue> whole, std::uint16_t generation);
 
   bool IsSet() const { return fKind != kUnset; }
   std::uint16_t Generation() const { return fGeneration; }

@@ -66,13 +66,6 @@ bool HoldsReferences(const TCIMValue& value) {
   return !value.IsNull() && elementType == TCIMValue::TCIMType::kCIMTypeReference;
 }
 
-boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
-  if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
-    return memory->GetStandIn();
-  }
-  return space;
-}
-
 TCIMReference StoredReference(const TCIMReference& reference) {
   TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
   stored.SetClass(reference.GetClass());
@@ -88,6 +81,13 @@ TCIMReference StoredReference(const TCIMReference& reference) {
 }
 
 }  // namespace
+
+boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
+  if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
+    return memory->GetStandIn();
+  }
+  return space;
+}
 
 TCIMValue StoredValue(const TCIMValue& value) {
   if (!HoldsReferences(value)) return value;
@@ -105,6 +105,11 @@ TCIMValue StoredValue(const TCIMValue& value) {
   result.SetReferencedClass(value.GetReferencedClass());
   result.Set(value.GetType(), value.GetMaxArraySize(), stored);
   return result;
+}
+
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value) {
+  // Not make_shared: it would copy the value StoredValue returns instead of building in place.
+  return boost::shared_ptr<const TCIMValue>(new TCIMValue(StoredValue(value)));
 }
 
 boost::shared_ptr<ICIMNamespace> MakeStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target,

@@ -24,6 +24,12 @@ namespace detail {
 class TMemoryNamespaceImpl;
 
 TCIMValue StoredValue(const TCIMValue& value);
+// The same, made straight into a value that can be shared (a copy of a reference value is deep).
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value);
+
+// The namespace a stored reference holds in place of space: the stand-in of a namespace of ours,
+// any other unchanged.
+boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space);
 
 // The stand-in: an ICIMNamespace that forwards every call to the namespace while it lives and
 // throws kVYRStatusNotFound afterwards (GetName keeps answering).
