@@ -106,6 +106,11 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   // A reference to this class compares by content alone: every declaration the class has seen
   // (ReferenceMemo.h) is a boolean, integer or string.
   bool DeclaresContentTypesOnly() const { return Slots().ContentTypesOnly(); }
+  // Grows with every property declaration the class sees (declarations are only ever added).
+  std::size_t DeclarationCount() const {
+    FollowDeclarations();
+    return fAllDeclsCount;
+  }
   // The stored form of a reference value set in slot by an instance (ReferenceMemo.h).
   boost::shared_ptr<const TCIMValue> KeepReference(std::size_t slot, const TCIMValue& value);
   TInstanceIndex& Instances() { return fInstances; }

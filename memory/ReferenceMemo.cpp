@@ -12,17 +12,21 @@ namespace detail {
 
 namespace {
 
-// True when reference's key values can only equal others of the very same content: its class is
-// one of ours and declares properties of such types only.
-bool KeysCompareByContent(const TCIMReference& reference) {
+// The reference's class when its key values can only equal others of the very same content: a
+// class of ours that declares properties of such types only; else null.
+boost::shared_ptr<const TMemoryClass> ContentKeyedClass(const TCIMReference& reference) {
   boost::shared_ptr<ICIMClass> cimClass;
   try {
     cimClass = reference.GetClass();
   } catch (const TVYRException&) {
-    return false;  // no class: nothing worth sharing
+    return boost::shared_ptr<const TMemoryClass>();  // no class: nothing worth sharing
   }
-  const TMemoryClass* memoryClass = dynamic_cast<const TMemoryClass*>(cimClass.get());
-  return memoryClass != nullptr && memoryClass->DeclaresContentTypesOnly();
+  boost::shared_ptr<const TMemoryClass> memoryClass =
+      boost::dynamic_pointer_cast<const TMemoryClass>(cimClass);
+  if (!memoryClass || !memoryClass->DeclaresContentTypesOnly()) {
+    return boost::shared_ptr<const TMemoryClass>();
+  }
+  return memoryClass;
 }
 
 }  // namespace
@@ -31,13 +35,20 @@ boost::shared_ptr<const TCIMValue> TReferenceMemo::Keep(const TCIMValue& value) 
   if (value.IsNull()) return SharedStoredValue(value);
   const TCIMReference reference = value;
   const boost::shared_ptr<ICIMNamespace> space = StoredNamespace(reference.GetNamespace());
-  const bool shareable = KeysCompareByContent(reference);
-  if (shareable && fLast && fLastNamespace == space.get() && value == *fLast) return fLast;
+  const boost::shared_ptr<const TMemoryClass> keyed = ContentKeyedClass(reference);
+  const std::size_t declarations = keyed ? keyed->DeclarationCount() : 0;
+  if (keyed && fLast && fLastNamespace == space.get() &&
+      fLastDeclarationCount == declarations && value == *fLast) {
+    return fLast;
+  }
 
   boost::shared_ptr<const TCIMValue> kept = SharedStoredValue(value);
-  if (shareable) {
+  if (keyed) {
     fLast = kept;
     fLastNamespace = space.get();
+    fLastDeclarationCount = declarations;
+  } else {
+    fLast.reset();
   }
   return kept;
 }

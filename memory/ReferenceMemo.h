@@ -8,11 +8,15 @@
 // means: the same namespace once stored, the same class object, and equal key values of types
 // whose equality is their content (booleans, integers, strings), so that nothing a reader can ask
 // tells the shared value from a rebuilt one; reals (0 equals -0), date/times (equal instants in
-// other offsets), char16 and nested references are never shared. Shared values are never changed:
+// other offsets), char16 and nested references are never shared, nor are references to a class
+// that has seen a declaration since (the value stored first was checked against the declarations
+// then, and a new one must be checked as it would be rebuilt). Shared values are never changed:
 // setting a value again replaces the slot's pointer. Throws what StoredValue throws. One thread
 // at a time.
 #ifndef VYRMEMORY_REFERENCEMEMO_H
 #define VYRMEMORY_REFERENCEMEMO_H
+
+#include <cstddef>
 
 #include <boost/shared_ptr.hpp>
 
@@ -30,6 +34,7 @@ class TReferenceMemo {
  private:
   boost::shared_ptr<const TCIMValue> fLast;
   const ICIMNamespace* fLastNamespace = nullptr;
+  std::size_t fLastDeclarationCount = 0;
 };
 
 }  // namespace detail

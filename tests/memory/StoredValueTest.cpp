@@ -21,6 +21,10 @@ std::string Portrait(const TCIMValue& value) {
   return text + " " + value.ToString();
 }
 
+TCIMValue At(unsigned short hour, unsigned short minute, short utcOffset) {
+  return TCIMValue(TCIMDateTime(2024, 3, 1, hour, minute, 0, 0, utcOffset));
+}
+
 TCIMValue NullOf(const TCIMValue& value) {
   TCIMValue null;
   null.SetNullValue(value.GetType(), value.GetMaxArraySize());
@@ -125,6 +129,73 @@ TEST_F(MemoryTest, ValuesKeepTheirPlaceAndDeclarationWhenDeclarationsComeLater) 
             derived->GetPropertyDecl("Size", fContext));
   EXPECT_EQ(Listed(SIZE_MAX, *instance, &ICIMInstance::EnumerateProperties),
             (Labels{"Size=huge", "Early=e", "Name=d"}));
+}
+
+}  // namespace
+}  // namespace vyrtest
+
+namespace vyrtest {
+namespace {
+
+// A reference as a reader sees it: its namespace's name and its path.
+std::string ReferencePortrait(const TCIMValue& value) {
+  const TCIMReference reference = value;
+  return reference.GetNamespace()->GetName() + " " + reference.GetPath();
+}
+
+// Consecutive instances setting equal references share one stored value; a reference that equals
+// the previous one but would read back differently must get its own.
+TEST_F(MemoryTest, EqualReferencesThatReadDifferentlyAreKeptApart) {
+  auto holder = MakeClass("Holder", {}, {{"Ref", TCIMValue(Type::kCIMTypeReference, 0)}});
+  auto named = MakeClass("Named", {}, {{"Name", TCIMValue("")}});
+  auto real = MakeClass("RealKeyed", {}, {{"K", TCIMValue(0.0)}});
+  auto timed = MakeClass("TimeKeyed", {}, {{"K", TCIMValue(TCIMDateTime(2024, 1, 1, 0, 0, 0, 0, 0))}});
+  boost::shared_ptr<ICIMNamespace> other = TMemoryNamespace::Create("root/other");
+  ScopedEnv zone("TZ", "UTC");
+
+  auto pathIn = [&](boost::shared_ptr<ICIMNamespace> space, boost::shared_ptr<ICIMClass> cimClass,
+                    const TCIMValue& key) {
+    TCIMReference path(space, TCIMContext());
+    path.SetClass(cimClass);
+    path.AddKeyValue(cimClass == named ? "Name" : "K", key);
+    return TCIMValue(path);
+  };
+  const struct {
+    const char* what;
+    TCIMValue first, second;
+  } cases[] = {
+      {"another namespace", pathIn(fNamespace, named, TCIMValue("n")),
+       pathIn(other, named, TCIMValue("n"))},
+      {"0 and -0", pathIn(fNamespace, real, TCIMValue(0.0)),
+       pathIn(fNamespace, real, TCIMValue(-0.0))},
+      {"one instant in two offsets", pathIn(fNamespace, timed, At(12, 0, 0)),
+       pathIn(fNamespace, timed, At(13, 0, 60))},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    ASSERT_EQ(c.first, c.second);
+    ASSERT_NE(ReferencePortrait(c.first), ReferencePortrait(c.second));
+    auto first = MakeInstance(holder, {{"Ref", c.first}});
+    auto second = MakeInstance(holder, {{"Ref", c.second}});
+    EXPECT_EQ(ReferencePortrait(first->GetProperty("Ref", fContext)->GetValue()),
+              ReferencePortrait(c.first));
+    EXPECT_EQ(ReferencePortrait(second->GetProperty("Ref", fContext)->GetValue()),
+              ReferencePortrait(c.second));
+  }
+}
+
+// A stored reference is checked against its class's declarations as they are now, even when it
+// equals the one stored just before.
+TEST_F(MemoryTest, AReferenceWhoseKeyWasRedeclaredSinceIsRefused) {
+  auto holder = MakeClass("Holder", {}, {{"Ref", TCIMValue(Type::kCIMTypeReference, 0)}});
+  auto keyed = MakeClass("Keyed", {}, {{"K", TCIMValue(0)}});
+  auto derived = MakeClass("Derived", keyed);
+  TCIMReference path = Path(derived, {{"K", TCIMValue(1)}});
+  const TCIMValue bound(path);
+  MakeInstance(holder, {{"Ref", bound}});
+  derived->CreatePropertyDecl("K", TCIMValue(""), fContext);  // K is a string from now on
+  auto second = MakeInstance(holder, {});
+  EXPECT_VYR_STATUS(second->SetPropertyValue("Ref", bound, fContext), kVYRStatusTypeMismatch);
 }
 
 }  // namespace
