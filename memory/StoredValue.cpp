@@ -112,6 +112,11 @@ boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value) {
   return boost::shared_ptr<const TCIMValue>(new TCIMValue(StoredValue(value)));
 }
 
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference) {
+  TCIMReference stored = StoredReference(reference);
+  return boost::shared_ptr<const TCIMValue>(new TCIMValue(stored));
+}
+
 boost::shared_ptr<ICIMNamespace> MakeStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target,
                                              const std::string& name) {
   return boost::shared_ptr<ICIMNamespace>(new TNamespaceStandIn(target, name));
