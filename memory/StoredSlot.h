@@ -6,11 +6,11 @@
 // in it, strings of up to 16 bytes their text, longer strings one block of their own, date/times
 // one handle of their own. Anything else (references, arrays, null values, values that carry a
 // referenced class or an array bound, char16) is kept whole, as StoredValue makes it, and shared
-// with the property objects handed out, so a reference is never copied to be read. Value()
-// rebuilds a TCIMValue equal to the one stored (the same constructor a copy would use), and the
-// slot remembers which declaration of its name the value was set under (a generation, see
-// PropertySlots.h). Move-only. Set throws what StoredValue throws and std::bad_alloc. One thread at
-// a time.
+// with the property objects handed out, so a reference is never copied to be read (a reference
+// may also be shared with other instances: ReferenceMemo.h). Value() rebuilds a TCIMValue equal to
+// the one stored (the same constructor a copy would use), and the slot remembers which
+// declaration of its name the value was set under (a generation, see PropertySlots.h). Move-only.
+// Making a slot throws what StoredValue throws and std::bad_alloc. One thread at a time.
 #ifndef VYRMEMORY_STOREDSLOT_H
 #define VYRMEMORY_STOREDSLOT_H
 
