@@ -26,10 +26,8 @@ TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declarat
     : fDeclaration(declaration), fOwnValue(true), fValue(StoredValue(value)) {}
 
 TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
-                                 const TStoredSlot& slot)
-    : fDeclaration(declaration), fOwnValue(true), fShared(slot.Whole()) {
-  if (!fShared) fValue = slot.Value();
-}
+                                 boost::shared_ptr<const TCIMValue> value)
+    : fDeclaration(declaration), fOwnValue(true), fShared(value) {}
 
 TMemoryProperty::~TMemoryProperty() = default;
 
@@ -67,12 +65,13 @@ void TMemoryInstance::Commit(TCIMContext&) {
 boost::shared_ptr<ICIMClass> TMemoryInstance::GetClass(TCIMContext&) { return fClass.lock(); }
 
 boost::shared_ptr<ICIMProperty> TMemoryInstance::PropertyOf(const TPropertySlots& slots,
-                                                            std::size_t slot) const {
+                                                            std::size_t slot) {
   if (slot >= fSlots.size() || !fSlots[slot].IsSet()) return boost::shared_ptr<ICIMProperty>();
   boost::shared_ptr<TMemoryPropertyDecl> declaration =
       slots.Declaration(slot, fSlots[slot].Generation());
   if (!declaration) return boost::shared_ptr<ICIMProperty>();
-  return boost::make_shared<TMemoryProperty>(declaration, fSlots[slot]);
+  fSlots[slot].MakeWhole();
+  return boost::make_shared<TMemoryProperty>(declaration, fSlots[slot].Whole());
 }
 
 boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& name,

@@ -4,10 +4,11 @@
 // An instance holds its class weakly (the class owns it once committed) and the values set on it,
 // compact, in an array by its class's slot numbers (PropertySlots.h, StoredSlot.h); a property it
 // was never given answers its declaration's default. Property objects are made when asked for,
-// each a snapshot: setting a value again leaves those handed out unchanged. Values kept whole are
-// shared with the property objects, the others rebuilt into them. Once its class is gone, or
-// emptied by the namespace's teardown, an instance answers no property. Failures are TVYRException
-// as vyrmemory.h lists them. One thread at a time.
+// each a snapshot: setting a value again leaves those handed out unchanged. They share the value
+// with the instance (a value read is kept whole from then on), so the value a property answers
+// stays valid while the instance holds it, as callers rely on. Once its class is gone, or emptied
+// by the namespace's teardown, an instance answers no property. Failures are TVYRException as
+// vyrmemory.h lists them. One thread at a time.
 #ifndef VYRMEMORY_MEMORYINSTANCE_H
 #define VYRMEMORY_MEMORYINSTANCE_H
 
@@ -36,8 +37,9 @@ class TMemoryProperty : public ICIMProperty {
   explicit TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration);
   // A value of its own, kept as StoredValue makes it (a static property value).
   TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration, const TCIMValue& value);
-  // An instance's value: shared when the slot keeps it whole, else rebuilt into the property.
-  TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration, const TStoredSlot& slot);
+  // An instance's value, kept whole by its slot and shared.
+  TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
+                  boost::shared_ptr<const TCIMValue> value);
   ~TMemoryProperty() override;
 
   const TCIMValue& GetValue() const override;
@@ -77,7 +79,7 @@ class TMemoryInstance : public ICIMInstance,
  private:
   boost::shared_ptr<TMemoryClass> LiveClass() const;
   // The property object of a slot, or empty when it holds no value the class still declares.
-  boost::shared_ptr<ICIMProperty> PropertyOf(const TPropertySlots& slots, std::size_t slot) const;
+  boost::shared_ptr<ICIMProperty> PropertyOf(const TPropertySlots& slots, std::size_t slot);
 
   boost::weak_ptr<TMemoryClass> fClass;
   std::vector<TStoredSlot> fSlots;

@@ -163,6 +163,14 @@ boost::shared_ptr<const TCIMValue> TStoredSlot::Whole() const {
   return fKind == kWhole ? As<TWhole>() : TWhole();
 }
 
+void TStoredSlot::MakeWhole() {
+  if (fKind == kWhole || fKind == kUnset) return;
+  TWhole whole(new TCIMValue(Value()));
+  Release();
+  new (fStorage) TWhole(std::move(whole));
+  fKind = kWhole;
+}
+
 TCIMValue TStoredSlot::Value() const {
   switch (fKind) {
     case kBits:

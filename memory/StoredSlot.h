@@ -5,12 +5,14 @@
 // costs decides the namespace's size. A slot takes 24 bytes. Numbers and booleans keep their bits
 // in it, strings of up to 16 bytes their text, longer strings one block of their own, date/times
 // one handle of their own. Anything else (references, arrays, null values, values that carry a
-// referenced class or an array bound, char16) is kept whole, as StoredValue makes it, and shared
-// with the property objects handed out, so a reference is never copied to be read (a reference
-// may also be shared with other instances: ReferenceMemo.h). Value() rebuilds a TCIMValue equal to
-// the one stored (the same constructor a copy would use), and the slot remembers which
-// declaration of its name the value was set under (a generation, see PropertySlots.h). Move-only.
-// Making a slot throws what StoredValue throws and std::bad_alloc. One thread at a time.
+// referenced class or an array bound, char16) is kept whole, as StoredValue makes it (a reference
+// may be shared with other instances: ReferenceMemo.h). A value read through a property object
+// is made whole (MakeWhole) and shared with it: the value a property answers must stay valid while
+// the instance holds it, even after the property object is gone, so reading costs memory once per
+// value read. Value() rebuilds a TCIMValue equal to the one stored (the same constructor a copy
+// would use), and the slot remembers which declaration of its name the value was set under (a
+// generation, see PropertySlots.h). Move-only. Making a slot throws what StoredValue throws and
+// std::bad_alloc. One thread at a time.
 #ifndef VYRMEMORY_STOREDSLOT_H
 #define VYRMEMORY_STOREDSLOT_H
 
@@ -43,6 +45,8 @@ class TStoredSlot {
   std::uint16_t Generation() const { return fGeneration; }
   // The value kept whole, or empty when the slot keeps it compact.
   boost::shared_ptr<const TCIMValue> Whole() const;
+  // Keeps a set value whole from now on (same value, same generation).
+  void MakeWhole();
   // A value equal to the stored one; the slot must be set.
   TCIMValue Value() const;
   // Appends the stored value's index key (ValueKey.h); false when it has none.

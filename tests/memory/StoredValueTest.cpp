@@ -76,7 +76,9 @@ TEST_F(MemoryTest, EveryKindOfValueReadsBackAsItWasSet) {
                               {{"P", NullOf(c.value)}, {"Id", TCIMValue(0u)}});
     auto instance = MakeInstance(cimClass, {{"P", c.value}, {"Id", TCIMValue(1u)}});
     const std::string expected = Portrait(c.value);
-    EXPECT_EQ(Portrait(instance->GetProperty("P", fContext)->GetValue()), expected);
+    // The value stays valid while the instance holds it, the property object gone or not.
+    const TCIMValue& read = instance->GetProperty("P", fContext)->GetValue();
+    EXPECT_EQ(Portrait(read), expected);
     std::vector<std::string> listed;
     boost::function<bool(boost::shared_ptr<ICIMProperty>)> each =
         [&](boost::shared_ptr<ICIMProperty> p) {
