@@ -22,8 +22,7 @@ bool TInstanceIndex::KeyOf(const TMemoryInstance& instance, const std::vector<st
                            TValueKey& key) const {
   key.Clear();
   for (const std::string& name : names) {
-    const TCIMValue* value = instance.EffectiveValue(name, fOwner);
-    if (value == nullptr || !key.Append(*value)) return false;
+    if (!instance.AppendKey(name, fOwner, key)) return false;
   }
   return true;
 }
@@ -46,14 +45,16 @@ void TInstanceIndex::FollowZone() {
 }
 
 void TInstanceIndex::Add(const boost::shared_ptr<TMemoryInstance>& instance) {
-  FollowZone();
+  // Only tables go stale, and Find looks at the zone before it builds one: with none built (a
+  // class filled before anyone looks an instance up), adding need not ask for the zone.
+  if (!fTables.empty()) FollowZone();
   instance->SetPosition(fInstances.size());
   fInstances.push_back(instance);
   for (auto& entry : fTables) Enter(entry.second, entry.first, *instance);
 }
 
 void TInstanceIndex::Withdraw(const TMemoryInstance& instance, const std::string& name) {
-  FollowZone();
+  if (!fTables.empty()) FollowZone();
   TValueKey key;
   for (auto& entry : fTables) {
     if (!Names(entry.first, name) || !KeyOf(instance, entry.first, key)) continue;

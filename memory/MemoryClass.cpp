@@ -88,6 +88,9 @@ boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::CreatePropertyDecl(const std::
 
 boost::shared_ptr<ICIMPropertyDecl> TMemoryClass::GetPropertyDecl(const std::string& name,
                                                                   TCIMContext&) {
+  // Key bindings are typed by this answer: the slots must have seen the declaration for
+  // DeclaresContentTypesOnly to cover it, even once a re-declaration supersedes it.
+  FollowDeclarations();
   return DeclarationOf(name);
 }
 
@@ -126,22 +129,39 @@ boost::shared_ptr<TMemoryPropertyDecl> TMemoryClass::DeclarationFor(const std::s
   if (!declaration) {
     Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
   }
+  CheckType(name, *declaration, value);
+  return declaration;
+}
+
+std::size_t TMemoryClass::SlotFor(const std::string& name, const TCIMValue& value,
+                                  std::uint16_t& generation) const {
+  const TPropertySlots& slots = Slots();
+  std::size_t slot = 0;
+  if (!slots.Find(name, slot)) {
+    Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
+  }
+  generation = slots.Current(slot);
+  CheckType(name, *slots.Declaration(slot, generation), value);
+  return slot;
+}
+
+void TMemoryClass::CheckType(const std::string& name, const TMemoryPropertyDecl& declaration,
+                             const TCIMValue& value) const {
   // The type must be the declared one exactly, null values included.
-  const TCIMValue::TCIMType declared = declaration->GetType();
+  const TCIMValue::TCIMType declared = declaration.GetType();
   if (static_cast<TCIMValue::TCIMType::ECIMType>(declared) != value.GetType()) {
     Refuse(kVYRStatusTypeMismatch, "property " + Quoted(name) + " of class " + Quoted(fName) +
                                        " is declared " + TypeText(declared) + ", not " +
                                        TypeText(value.GetType()));
   }
-  return declaration;
 }
 
-boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
+void TMemoryClass::FollowDeclarations() const {
   std::size_t count = 0;
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) {
     count += c->fPropertyDecls.InOrder().size();
   }
-  if (fAllDecls && fAllDeclsCount == count) return fAllDecls;
+  if (fAllDecls && fAllDeclsCount == count) return;
 
   std::vector<const TMemoryClass*> chain;
   for (const TMemoryClass* c = this; c != nullptr; c = c->fSuperclass.get()) chain.push_back(c);
@@ -156,7 +176,23 @@ boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyD
   }
   fAllDecls = boost::make_shared<const TPropertyDecls>(all.Take());
   fAllDeclsCount = count;
+  fSlots.Update(*fAllDecls);
+}
+
+boost::shared_ptr<const TMemoryClass::TPropertyDecls> TMemoryClass::AllPropertyDecls() const {
+  FollowDeclarations();
   return fAllDecls;
+}
+
+boost::shared_ptr<const TCIMValue> TMemoryClass::KeepReference(std::size_t slot,
+                                                               const TCIMValue& value) {
+  if (slot >= fReferenceMemos.size()) fReferenceMemos.resize(slot + 1);
+  return fReferenceMemos[slot].Keep(value);
+}
+
+const TPropertySlots& TMemoryClass::Slots() const {
+  FollowDeclarations();
+  return fSlots;
 }
 
 void TMemoryClass::SetStaticPropertyValue(const std::string& name, const TCIMValue& value,
@@ -172,7 +208,7 @@ void TMemoryClass::EnumerateStaticProperties(
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
-  return boost::shared_ptr<ICIMInstance>(new TMemoryInstance(shared_from_this()));
+  return boost::make_shared<TMemoryInstance>(shared_from_this());
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path, TCIMContext&) {
@@ -225,6 +261,8 @@ void TMemoryClass::ReleaseMembers() {
   }
   fPropertyDecls.Clear();
   fAllDecls.reset();
+  fSlots.Clear();
+  fReferenceMemos.clear();
   fStaticProperties.Clear();
   for (const boost::shared_ptr<TMemoryMethodDecl>& method : fMethodDecls.InOrder()) {
     method->ReleaseMembers();

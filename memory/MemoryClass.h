@@ -11,6 +11,7 @@
 #define VYRMEMORY_MEMORYCLASS_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@
 #include "InstanceIndex.h"
 #include "MemoryDeclarations.h"
 #include "NamedList.h"
+#include "PropertySlots.h"
+#include "ReferenceMemo.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -87,10 +90,29 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   // kVYRStatusTypeMismatch when the value's type is not the declared one.
   boost::shared_ptr<TMemoryPropertyDecl> DeclarationFor(const std::string& name,
                                                         const TCIMValue& value) const;
+  // The slot (Slots()) that an instance sets a value of that name in, and the generation of the
+  // declaration it goes under; refuses as DeclarationFor does.
+  std::size_t SlotFor(const std::string& name, const TCIMValue& value,
+                      std::uint16_t& generation) const;
+  // Logs and throws kVYRStatusTypeMismatch when value's type is not the declaration's.
+  void CheckType(const std::string& name, const TMemoryPropertyDecl& declaration,
+                 const TCIMValue& value) const;
   typedef std::vector<boost::shared_ptr<TMemoryPropertyDecl>> TPropertyDecls;
   // Every declaration the class sees, inherited first, one per name. The list is shared and never
   // changed: a declaration made later (from a callback walking it, say) makes a new one.
   boost::shared_ptr<const TPropertyDecls> AllPropertyDecls() const;
+  // Where the instances keep their values, brought up to the declarations the class sees now.
+  const TPropertySlots& Slots() const;
+  // A reference to this class compares by content alone: every declaration the class has seen
+  // (ReferenceMemo.h) is a boolean, integer or string.
+  bool DeclaresContentTypesOnly() const { return Slots().ContentTypesOnly(); }
+  // Grows with every property declaration the class sees (declarations are only ever added).
+  std::size_t DeclarationCount() const {
+    FollowDeclarations();
+    return fAllDeclsCount;
+  }
+  // The stored form of a reference value set in slot by an instance (ReferenceMemo.h).
+  boost::shared_ptr<const TCIMValue> KeepReference(std::size_t slot, const TCIMValue& value);
   TInstanceIndex& Instances() { return fInstances; }
   // Drops every member, instance and subclass link (the namespace's teardown).
   void ReleaseMembers();
@@ -99,6 +121,8 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   bool WalkSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)>& callback, bool deep);
   bool WalkInstances(boost::function<bool(boost::shared_ptr<ICIMInstance>)>& callback, bool deep);
   void ForgetDefaults(const std::string& name);
+  // Brings fAllDecls and fSlots up to the declarations made so far.
+  void FollowDeclarations() const;
 
   std::string fName;
   boost::shared_ptr<TMemoryClass> fSuperclass;
@@ -116,6 +140,9 @@ class TMemoryClass : public ICIMClass, public boost::enable_shared_from_this<TMe
   // chain changes whenever the list would.
   mutable boost::shared_ptr<const TPropertyDecls> fAllDecls;
   mutable std::size_t fAllDeclsCount = 0;
+  // Follows fAllDecls.
+  mutable TPropertySlots fSlots;
+  std::vector<TReferenceMemo> fReferenceMemos;  // by slot
 };
 
 }  // namespace detail

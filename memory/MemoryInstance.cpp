@@ -1,11 +1,17 @@
 // An instance of the in-memory namespace and its property values.
 #include "MemoryInstance.h"
 
+#include <utility>
+
+#include <boost/make_shared.hpp>
+
 #include <vyrcore/Status.h>
 
 #include "MemoryClass.h"
 #include "MemoryDeclarations.h"
+#include "PropertySlots.h"
 #include "StoredValue.h"
+#include "ValueKey.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -19,9 +25,14 @@ TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declarat
                                  const TCIMValue& value)
     : fDeclaration(declaration), fOwnValue(true), fValue(StoredValue(value)) {}
 
+TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
+                                 boost::shared_ptr<const TCIMValue> value)
+    : fDeclaration(declaration), fOwnValue(true), fShared(value) {}
+
 TMemoryProperty::~TMemoryProperty() = default;
 
 const TCIMValue& TMemoryProperty::GetValue() const {
+  if (fShared) return *fShared;
   return fOwnValue ? fValue : fDeclaration->GetDefaultValue();
 }
 
@@ -53,46 +64,66 @@ void TMemoryInstance::Commit(TCIMContext&) {
 
 boost::shared_ptr<ICIMClass> TMemoryInstance::GetClass(TCIMContext&) { return fClass.lock(); }
 
+boost::shared_ptr<ICIMProperty> TMemoryInstance::PropertyOf(const TPropertySlots& slots,
+                                                            std::size_t slot) {
+  if (slot >= fSlots.size() || !fSlots[slot].IsSet()) return boost::shared_ptr<ICIMProperty>();
+  boost::shared_ptr<TMemoryPropertyDecl> declaration =
+      slots.Declaration(slot, fSlots[slot].Generation());
+  if (!declaration) return boost::shared_ptr<ICIMProperty>();
+  fSlots[slot].MakeWhole();
+  return boost::make_shared<TMemoryProperty>(declaration, fSlots[slot].Whole());
+}
+
 boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& name,
                                                              TCIMContext&) {
-  auto set = fValues.find(name);
-  if (set != fValues.end()) return set->second;
-  return boost::shared_ptr<ICIMProperty>(new TMemoryProperty(LiveClass()->DeclarationOf(name)));
+  const boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
+  const TPropertySlots& slots = cimClass->Slots();
+  std::size_t slot = 0;
+  if (slots.Find(name, slot)) {
+    if (boost::shared_ptr<ICIMProperty> property = PropertyOf(slots, slot)) return property;
+  }
+  return boost::make_shared<TMemoryProperty>(cimClass->DeclarationOf(name));
 }
 
 void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                        TCIMContext&) {
-  boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = cimClass->DeclarationFor(name, value);
-  boost::shared_ptr<TMemoryProperty> property(new TMemoryProperty(declaration, value));
+  const boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
+  std::uint16_t generation = 0;
+  const std::size_t slot = cimClass->SlotFor(name, value, generation);
+  // Everything that can throw comes before the index lets go of the old value.
+  TStoredSlot stored = value.IsReference()
+                           ? TStoredSlot(cimClass->KeepReference(slot, value), generation)
+                           : TStoredSlot(value, generation);
+  if (slot >= fSlots.size()) fSlots.resize(cimClass->Slots().Count());
   if (fCommitted) cimClass->Instances().Withdraw(*this, name);
-  fValues[name] = property;
+  fSlots[slot] = std::move(stored);
   if (fCommitted) cimClass->Instances().Restore(*this, name);
 }
 
 void TMemoryInstance::EnumerateProperties(
     boost::function<bool(boost::shared_ptr<ICIMProperty>)>& callback, TCIMContext&) {
-  // Held for the walk: a callback may declare a property and so replace the class's list.
+  const boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
+  // Held for the walk: a callback may declare a property and so replace the class's lists.
   const boost::shared_ptr<const TMemoryClass::TPropertyDecls> declarations =
-      LiveClass()->AllPropertyDecls();
-  for (const boost::shared_ptr<TMemoryPropertyDecl>& declaration : *declarations) {
-    auto set = fValues.find(declaration->GetName());
-    boost::shared_ptr<ICIMProperty> property;
-    if (set != fValues.end()) {
-      property = set->second;
-    } else {
-      property.reset(new TMemoryProperty(declaration));
-    }
+      cimClass->AllPropertyDecls();
+  const boost::shared_ptr<const TPropertySlots::TSlotNumbers> slotNumbers =
+      cimClass->Slots().InOrder();
+  for (std::size_t i = 0; i < declarations->size(); ++i) {
+    boost::shared_ptr<ICIMProperty> property = PropertyOf(cimClass->Slots(), (*slotNumbers)[i]);
+    if (!property) property = boost::make_shared<TMemoryProperty>((*declarations)[i]);
     if (!callback(property)) return;
   }
 }
 
-const TCIMValue* TMemoryInstance::EffectiveValue(const std::string& name,
-                                                 const TMemoryClass& owner) const {
-  auto set = fValues.find(name);
-  if (set != fValues.end()) return &set->second->GetValue();
-  boost::shared_ptr<TMemoryPropertyDecl> declaration = owner.FindPropertyDecl(name);
-  return declaration ? &declaration->GetDefaultValue() : nullptr;
+bool TMemoryInstance::AppendKey(const std::string& name, const TMemoryClass& owner,
+                                TValueKey& key) const {
+  const TPropertySlots& slots = owner.Slots();
+  std::size_t slot = 0;
+  if (!slots.Find(name, slot)) return false;
+  if (slot < fSlots.size() && fSlots[slot].IsSet()) return fSlots[slot].AppendKey(key);
+  const boost::shared_ptr<TMemoryPropertyDecl>& declaration =
+      slots.Declaration(slot, slots.Current(slot));
+  return declaration && key.Append(declaration->GetDefaultValue());
 }
 
 }  // namespace detail

@@ -59,18 +59,22 @@ class TNamespaceStandIn : public ICIMNamespace {
   std::string fName;
 };
 
-boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
-  if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
-    return memory->GetStandIn();
-  }
-  return space;
+// A non-null reference or array of references: the values StoredValue rebuilds.
+bool HoldsReferences(const TCIMValue& value) {
+  const unsigned int elementType =
+      value.GetType() & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
+  return !value.IsNull() && elementType == TCIMValue::TCIMType::kCIMTypeReference;
 }
 
 TCIMReference StoredReference(const TCIMReference& reference) {
   TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
   stored.SetClass(reference.GetClass());
   reference.EnumerateKeyBindings([&stored](const std::pair<std::string, TCIMValue>& key) {
-    stored.AddKeyValue(key.first, StoredValue(key.second));
+    if (HoldsReferences(key.second)) {
+      stored.AddKeyValue(key.first, StoredValue(key.second));
+    } else {
+      stored.AddKeyValue(key.first, key.second);  // no copy of its own needed
+    }
     return true;
   });
   return stored;
@@ -78,11 +82,15 @@ TCIMReference StoredReference(const TCIMReference& reference) {
 
 }  // namespace
 
+boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space) {
+  if (TMemoryNamespaceImpl* memory = dynamic_cast<TMemoryNamespaceImpl*>(space.get())) {
+    return memory->GetStandIn();
+  }
+  return space;
+}
+
 TCIMValue StoredValue(const TCIMValue& value) {
-  const TCIMValue::TCIMType::ECIMType type = value.GetType();
-  const unsigned int elementType =
-      type & ~static_cast<unsigned int>(TCIMValue::TCIMType::kCIMTypeArray);
-  if (value.IsNull() || elementType != TCIMValue::TCIMType::kCIMTypeReference) return value;
+  if (!HoldsReferences(value)) return value;
 
   if (value.IsReference()) {
     TCIMReference stored = StoredReference(value.operator TCIMReference());
@@ -97,6 +105,16 @@ TCIMValue StoredValue(const TCIMValue& value) {
   result.SetReferencedClass(value.GetReferencedClass());
   result.Set(value.GetType(), value.GetMaxArraySize(), stored);
   return result;
+}
+
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value) {
+  // Not make_shared: it would copy the value StoredValue returns instead of building in place.
+  return boost::shared_ptr<const TCIMValue>(new TCIMValue(StoredValue(value)));
+}
+
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference) {
+  TCIMReference stored = StoredReference(reference);
+  return boost::shared_ptr<const TCIMValue>(new TCIMValue(stored));
 }
 
 boost::shared_ptr<ICIMNamespace> MakeStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target,

@@ -24,6 +24,14 @@ namespace detail {
 class TMemoryNamespaceImpl;
 
 TCIMValue StoredValue(const TCIMValue& value);
+// The same, made straight into a value that can be shared (a copy of a reference value is deep).
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value);
+// The same for the value holding reference, from a copy of it the caller already has.
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference);
+
+// The namespace a stored reference holds in place of space: the stand-in of a namespace of ours,
+// any other unchanged.
+boost::shared_ptr<ICIMNamespace> StoredNamespace(const boost::shared_ptr<ICIMNamespace>& space);
 
 // The stand-in: an ICIMNamespace that forwards every call to the namespace while it lives and
 // throws kVYRStatusNotFound afterwards (GetName keeps answering).

@@ -1,0 +1,50 @@
+// Sharing a stored reference value between the instances of a class that refer to the same one.
+#include "ReferenceMemo.h"
+
+#include <vyrcore/CIMReference.h>
+
+#include "MemoryClass.h"
+#include "StoredValue.h"
+
+namespace NORXVYR20 {
+namespace detail {
+
+namespace {
+
+// The class of a non-null reference value when its key values can only equal others of the very
+// same content: a class of ours that declares properties of such types only; else null. Setting a
+// reference records its class as the value's referenced class, so no copy of the reference is
+// needed to tell.
+const TMemoryClass* ContentKeyedClass(const TCIMValue& value) {
+  const boost::shared_ptr<ICIMClass> cimClass = value.GetReferencedClass();
+  const TMemoryClass* memoryClass = dynamic_cast<const TMemoryClass*>(cimClass.get());
+  return memoryClass != nullptr && memoryClass->DeclaresContentTypesOnly() ? memoryClass : nullptr;
+}
+
+}  // namespace
+
+boost::shared_ptr<const TCIMValue> TReferenceMemo::Keep(const TCIMValue& value) {
+  const TMemoryClass* keyed = value.IsNull() ? nullptr : ContentKeyedClass(value);
+  if (!keyed) {
+    fLast.reset();
+    return SharedStoredValue(value);
+  }
+  const TCIMReference reference = value;
+  if (reference.GetClass().get() != keyed) {
+    fLast.reset();
+    return SharedStoredValue(reference);
+  }
+  const boost::shared_ptr<ICIMNamespace> space = StoredNamespace(reference.GetNamespace());
+  const std::size_t declarations = keyed->DeclarationCount();
+  if (fLast && fLastNamespace == space.get() && fLastDeclarationCount == declarations &&
+      value == *fLast) {
+    return fLast;
+  }
+  fLast = SharedStoredValue(reference);
+  fLastNamespace = space.get();
+  fLastDeclarationCount = declarations;
+  return fLast;
+}
+
+}  // namespace detail
+}  // namespace NORXVYR20
