@@ -1,11 +1,9 @@
 // Tests of os/FtpTransfer.cpp and os/CurlLibrary.cpp: the real libcurl against a real anonymous
 // FTP server on 127.0.0.1 (Debian's pyftpdlib, started here), and real broken "libcurl.so" files.
 #include <dlfcn.h>
-#include <netinet/in.h>
 #include <sched.h>
 #include <signal.h>
 #include <sys/mount.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,19 +23,6 @@ namespace {
 
 using vyrtest::FtpServer;
 const std::string kUploadDirectory = vyrtest::kFtpUploadDirectory;
-
-// A loopback port nobody listens on: bound to find it, then let go.
-int ClosedPort() {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof address;
-  bind(probe, reinterpret_cast<sockaddr*>(&address), sizeof address);
-  getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length);
-  close(probe);
-  return ntohs(address.sin_port);
-}
 
 std::string Binary(std::size_t size) {
   std::string data(size, '\0');
@@ -98,7 +83,7 @@ TEST_F(FtpTransferTest, UploadLandsInTheUploadDirectoryWithItsSuffix) {
 TEST_F(FtpTransferTest, FailuresLogOneMessageAndThrowTheirStatus) {
   vyrtest::WriteFile(*fgServer / "down/data", "data");
   vyrtest::WriteFile(fLocal / "collection", "gz");
-  const std::string closed = "ftp://127.0.0.1:" + std::to_string(ClosedPort()) + "/";
+  const std::string closed = "ftp://127.0.0.1:" + std::to_string(vyrtest::ClosedLoopbackPort()) + "/";
   const std::string readOnly = fgServer->Url("down");
   const struct {
     const char* name;

@@ -1,6 +1,8 @@
 #include "support/FtpServer.h"
 
+#include <netinet/in.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,6 +39,18 @@ FtpServer::~FtpServer() {
 
 std::string FtpServer::Url(const std::string& tree) const {
   return "ftp://127.0.0.1:" + std::to_string(fPort) + "/" + tree + "/";
+}
+
+int ClosedLoopbackPort() {
+  const int probe = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof address;
+  bind(probe, reinterpret_cast<sockaddr*>(&address), sizeof address);
+  getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length);
+  close(probe);
+  return ntohs(address.sin_port);
 }
 
 }  // namespace vyrtest

@@ -35,6 +35,9 @@ class FtpServer : boost::noncopyable {
 // The directory below the upload root where uploads land.
 extern const char kFtpUploadDirectory[];
 
+// A loopback port nobody listens on: bound to find it, then let go.
+int ClosedLoopbackPort();
+
 }  // namespace vyrtest
 
 #endif

@@ -1,9 +1,6 @@
 // vyr-host saving, loading and uploading collections: a saved collection is valid CIM-XML and
 // loads back to the same report; an upload lands on a real FTP server on 127.0.0.1; every failure
 // has its exit status and says what went wrong.
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <string>
 #include <vector>
@@ -31,18 +28,6 @@ std::string ReportAfter(const std::string& output, const std::string& heading) {
 std::string ValidAgainstDtd(const std::string& path) {
   return vyrtest::RunProgram({"xmllint", "--noout", "--nonet", "--dtdvalid", VYR_CIM_DTD, path})
       .output;
-}
-
-int ClosedPort() {
-  const int probe = socket(AF_INET, SOCK_STREAM, 0);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t length = sizeof address;
-  bind(probe, reinterpret_cast<sockaddr*>(&address), sizeof address);
-  getsockname(probe, reinterpret_cast<sockaddr*>(&address), &length);
-  close(probe);
-  return ntohs(address.sin_port);
 }
 
 // A machine with everything the report shows, as a fixture tree.
@@ -113,7 +98,7 @@ TEST(VyrHostCollectionTest, UploadLandsOnTheServer) {
 TEST(VyrHostCollectionTest, FailuresSayWhat) {
   vyrtest::ScopedTempDir dir;
   vyrtest::WriteFile(dir / "broken.xml", "<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.4\">\n<DECLARATION></CIM>");
-  const std::string closed = "ftp://127.0.0.1:" + std::to_string(ClosedPort()) + "/";
+  const std::string closed = "ftp://127.0.0.1:" + std::to_string(vyrtest::ClosedLoopbackPort()) + "/";
   const struct {
     std::vector<std::string> args;
     int exitStatus;
