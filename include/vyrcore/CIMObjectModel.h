@@ -193,6 +193,29 @@ class VYR_EXPORT ICIMPropertyDecl : public ICIMNamedElement {
   virtual const TCIMValue& GetDefaultValue() const = 0;
 };
 
+/// The bits of ICIMQualifierDecl::GetScope, as the bundled providers and CIM-XML documents use
+/// them: one per element a qualifier may be attached to.
+enum ECIMQualifierScope : unsigned int {
+  kCIMScopeClass = 0x01,
+  kCIMScopeAssociation = 0x02,
+  kCIMScopeReference = 0x04,
+  kCIMScopeProperty = 0x08,
+  kCIMScopeMethod = 0x10,
+  kCIMScopeParameter = 0x20,
+  kCIMScopeIndication = 0x40
+};
+
+/// The bits of ICIMQualifierDecl::GetFlavor, as the bundled providers and CIM-XML documents use
+/// them.
+enum ECIMQualifierFlavor : unsigned int {
+  kCIMFlavorEnableOverride = 0x01,
+  kCIMFlavorDisableOverride = 0x02,
+  kCIMFlavorToSubclass = 0x04,
+  kCIMFlavorRestricted = 0x08,
+  kCIMFlavorTranslatable = 0x10,
+  kCIMFlavorToInstance = 0x20
+};
+
 /// The declaration of a qualifier in a namespace: name, default value, scope and flavor.
 class VYR_EXPORT ICIMQualifierDecl {
  public:

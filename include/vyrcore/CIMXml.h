@@ -62,27 +62,6 @@
 
 namespace NORXVYR20 {
 
-/// The scope bits of a qualifier declaration, one per SCOPE attribute of the format.
-enum ECIMQualifierScope : unsigned int {
-  kCIMScopeClass = 0x01,
-  kCIMScopeAssociation = 0x02,
-  kCIMScopeReference = 0x04,
-  kCIMScopeProperty = 0x08,
-  kCIMScopeMethod = 0x10,
-  kCIMScopeParameter = 0x20,
-  kCIMScopeIndication = 0x40
-};
-
-/// The flavor bits of a qualifier declaration.
-enum ECIMQualifierFlavor : unsigned int {
-  kCIMFlavorEnableOverride = 0x01,
-  kCIMFlavorDisableOverride = 0x02,
-  kCIMFlavorToSubclass = 0x04,
-  kCIMFlavorRestricted = 0x08,
-  kCIMFlavorTranslatable = 0x10,
-  kCIMFlavorToInstance = 0x20
-};
-
 /// A namespace saved as one CIM-XML document and loaded back; static operations only.
 class VYR_EXPORT TCIMXml {
  public:

@@ -11,6 +11,16 @@ using NORXVYR20::ICIMNamespace;
 using NORXVYR20::ICIMQualifierDecl;
 using NORXVYR20::TCIMContext;
 using NORXVYR20::TCIMValue;
+using NORXVYR20::kCIMFlavorDisableOverride;
+using NORXVYR20::kCIMFlavorEnableOverride;
+using NORXVYR20::kCIMFlavorRestricted;
+using NORXVYR20::kCIMFlavorToSubclass;
+using NORXVYR20::kCIMFlavorTranslatable;
+using NORXVYR20::kCIMScopeAssociation;
+using NORXVYR20::kCIMScopeClass;
+using NORXVYR20::kCIMScopeProperty;
+using NORXVYR20::kCIMScopeReference;
+
 typedef TCIMValue::TCIMType TType;
 
 const char kManagedElementClass[] = "ORXSG_ManagedElement";
@@ -104,13 +114,14 @@ class TSchemaWriter {
  public:
   explicit TSchemaWriter(ICIMNamespace& cimNamespace) : fNamespace(cimNamespace) {
     const TCIMValue noText(TType(kString), 0);
-    fKey = Declare("Key", false, kScopeProperty | kScopeReference,
-                   kFlavorDisableOverride | kFlavorToSubclass);
-    fAbstract = Declare("Abstract", false, kScopeClass | kScopeAssociation, kFlavorRestricted);
-    fAssociation = Declare("Association", false, kScopeAssociation,
-                           kFlavorDisableOverride | kFlavorToSubclass);
+    fKey = Declare("Key", false, kCIMScopeProperty | kCIMScopeReference,
+                   kCIMFlavorDisableOverride | kCIMFlavorToSubclass);
+    fAbstract =
+        Declare("Abstract", false, kCIMScopeClass | kCIMScopeAssociation, kCIMFlavorRestricted);
+    fAssociation = Declare("Association", false, kCIMScopeAssociation,
+                           kCIMFlavorDisableOverride | kCIMFlavorToSubclass);
     fDescription = Declare("Description", noText, kScopeAny,
-                           kFlavorEnableOverride | kFlavorToSubclass | kFlavorTranslatable);
+                           kCIMFlavorEnableOverride | kCIMFlavorToSubclass | kCIMFlavorTranslatable);
   }
 
   boost::shared_ptr<ICIMClass> Write(const TClassSpec& spec) {

@@ -24,23 +24,10 @@ extern const char kProductClass[];          // "ORXSG_VYRProduct"
 extern const char kScsiDeviceClass[];       // "ORXSG_SCSIDevice"
 extern const char kRunningOSClass[];        // "ORXSG_RunningOS"
 
-// Scope and flavor bits of the qualifier declarations this provider makes.
-enum EQualifierScope : unsigned int {
-  kScopeClass = 0x01,
-  kScopeAssociation = 0x02,
-  kScopeReference = 0x04,
-  kScopeProperty = 0x08,
-  kScopeMethod = 0x10,
-  kScopeParameter = 0x20,
-  kScopeAny = 0x3f
-};
-enum EQualifierFlavor : unsigned int {
-  kFlavorEnableOverride = 0x01,
-  kFlavorDisableOverride = 0x02,
-  kFlavorToSubclass = 0x04,
-  kFlavorRestricted = 0x08,
-  kFlavorTranslatable = 0x10
-};
+// Every element a qualifier such as Description may be attached to, indications excepted.
+constexpr unsigned int kScopeAny =
+    NORXVYR20::kCIMScopeClass | NORXVYR20::kCIMScopeAssociation | NORXVYR20::kCIMScopeReference |
+    NORXVYR20::kCIMScopeProperty | NORXVYR20::kCIMScopeMethod | NORXVYR20::kCIMScopeParameter;
 
 struct TLinuxSchema {
   boost::shared_ptr<NORXVYR20::ICIMClass> fComputerSystem;
