@@ -1,8 +1,10 @@
 // NumberText.h: numbers and booleans to and from text without streams (never installed).
 //
-// The text forms of values were first made with string streams in the classic locale, and that
-// is still their definition: these functions give, character for character and verdict for
-// verdict, what such a stream gives, only without building one per number.
+// The text forms of values were first made with string streams, which followed the program's
+// global C++ locale: the classic one unless a host installed another. The classic form is their
+// definition, as they are stored and exchanged: these functions give, character for character and
+// verdict for verdict, what a stream in the classic locale gives, whatever the global locale, only
+// without building one per number.
 //
 // Reading, as `stream >> value` reads: leading blanks (" \t\n\v\f\r") are skipped, the number ends
 // at the first character that cannot continue it, and the rest is ignored. The answer is the
