@@ -6,7 +6,8 @@
 //   kVYRStatusNotSupported, kVYRStatusTypeMismatch, kVYRStatusUnknownClass, the two gzip
 //   statuses) or one the in-memory namespace throws for what it will not hold
 //   (kVYRStatusAlreadyExists, kVYRStatusInvalidOpSequence, kVYRStatusInvalidReference,
-//   kVYRStatusInvalidProperty, kVYRStatusNotFound); no other status, no other exception;
+//   kVYRStatusInvalidProperty, kVYRStatusNotFound, kVYRStatusInvalidCIMName for an empty name);
+//   no other status, no other exception;
 // - whatever was loaded, up to the refusal, saves without refusal: the reader takes nothing the
 //   writer cannot write;
 // - an accepted document saves to a text that loads into an equal namespace: saving that one again
@@ -32,7 +33,7 @@ namespace {
     kVYRStatusInvalidFormat, kVYRStatusNotSupported, kVYRStatusTypeMismatch,                     \
         kVYRStatusUnknownClass, kVYRStatusInvalidGzipFile, kVYRStatusCorruptGzipFile,            \
         kVYRStatusAlreadyExists, kVYRStatusInvalidOpSequence, kVYRStatusInvalidReference,        \
-        kVYRStatusInvalidProperty, kVYRStatusNotFound                                            \
+        kVYRStatusInvalidProperty, kVYRStatusNotFound, kVYRStatusInvalidCIMName                  \
   }
 
 std::string Saved(const boost::shared_ptr<ICIMNamespace>& space) {
