@@ -79,6 +79,26 @@ bool IsBlank(const char* text, int length) {
   return true;
 }
 
+// libxml2 reports some failures (input that does not decode, say) on its generic error channel as
+// well, whose default prints to standard error; the reader takes every error from the parser
+// context instead. The channel is silenced while a document is read and handed back afterwards,
+// so a host's own handler is left as it was.
+class TQuietGenericErrors {
+ public:
+  TQuietGenericErrors() : fHandler(xmlGenericError), fContext(xmlGenericErrorContext) {
+    xmlSetGenericErrorFunc(nullptr, &Ignore);
+  }
+  ~TQuietGenericErrors() { xmlSetGenericErrorFunc(fContext, fHandler); }
+  TQuietGenericErrors(const TQuietGenericErrors&) = delete;
+  TQuietGenericErrors& operator=(const TQuietGenericErrors&) = delete;
+
+ private:
+  static void Ignore(void*, const char*, ...) {}
+
+  xmlGenericErrorFunc fHandler;
+  void* fContext;
+};
+
 class TSaxReader {
  public:
   explicit TSaxReader(const std::function<void(const TXmlNode&)>& onObject)
@@ -86,6 +106,7 @@ class TSaxReader {
 
   void Parse(TXmlInput& input) {
     xmlInitParser();
+    const TQuietGenericErrors quiet;
     xmlSAXHandler handler;
     std::memset(&handler, 0, sizeof handler);
     handler.initialized = XML_SAX2_MAGIC;
@@ -105,11 +126,9 @@ class TSaxReader {
     xmlCtxtUseOptions(fParser, XML_PARSE_NONET);
     char buffer[1 << 16];
     for (std::size_t size; (size = input.Read(buffer, sizeof buffer)) > 0;) {
-      xmlParseChunk(fParser, buffer, static_cast<int>(size), 0);
-      Check();
+      Check(xmlParseChunk(fParser, buffer, static_cast<int>(size), 0));
     }
-    xmlParseChunk(fParser, nullptr, 0, 1);
-    Check();
+    Check(xmlParseChunk(fParser, nullptr, 0, 1));
   }
 
  private:
@@ -138,11 +157,16 @@ class TSaxReader {
     }
   }
 
-  void Check() {
+  // parsed: what xmlParseChunk answered. Text that does not decode in the declared encoding stops
+  // the parser with an error code while the context may still call the document well-formed.
+  void Check(int parsed) {
     if (fError) std::rethrow_exception(fError);
-    if (!fParser->wellFormed) {
+    if (!fParser->wellFormed || parsed != XML_ERR_OK) {
       const xmlError* error = xmlCtxtGetLastError(fParser);
-      std::string message = error && error->message ? error->message : "unknown error";
+      std::string message = error && error->message ? error->message
+                            : parsed == XML_ERR_INVALID_ENCODING
+                                ? "the text does not decode in its declared encoding"
+                                : "libxml2 error " + std::to_string(parsed);
       while (!message.empty() && (message.back() == '\n' || message.back() == ' '))
         message.pop_back();
       FailAtLine(kVYRStatusInvalidFormat, error ? error->line : Line(),

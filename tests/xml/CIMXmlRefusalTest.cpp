@@ -50,6 +50,11 @@ std::string Repeated(const std::string& text, int times) {
   return repeated;
 }
 
+// The document declared in UTF-7, which libxml2 decodes through iconv.
+std::string Utf7(std::string document) {
+  return document.replace(document.find("utf-8"), 5, "utf-7");
+}
+
 std::string Gzip(const std::string& text) {
   vyrtest::ScopedTempDir dir;
   vyrtest::WriteFile(dir / "doc", text);
@@ -140,11 +145,16 @@ TEST(CIMXmlRefusalTest, LoadRefusesWithStatusAndLine) {
        "the compressed data end early"},
       {"bytes after gzip", gzipped + "trailing", kVYRStatusCorruptGzipFile,
        "followed by other bytes"},
+      {"bytes that do not decode", Utf7(Document(Instance("\x10\x65\x22\x2f"))),
+       kVYRStatusInvalidFormat,
+       "line 10: not well-formed XML: the text does not decode in its declared encoding"},
   };
   for (const TRefusal& c : cases) {
     SCOPED_TRACE(c.what);
     vyrtest::CoreLog();
+    vyrtest::StderrCapture printed;
     EXPECT_VYR_STATUS(vyrtest::LoadFromString(c.document), c.status);
+    EXPECT_EQ(printed.Finish(), "");  // the log is the only place a refusal is told
     const std::vector<std::string> logged = vyrtest::LoggedMessages();
     ASSERT_FALSE(logged.empty());
     EXPECT_NE(logged.back().find(c.logged), std::string::npos) << logged.back();
