@@ -3,35 +3,34 @@
 
 #include <vyrcore/CIMDateTimeImpl.h>
 
-#include <boost/make_shared.hpp>
-
 #include "cim/DateTimeOrder.h"
 #include "core/Fail.h"
+#include "core/SharedBody.h"
 
 namespace NORXVYR20 {
 
-TCIMDateTime::TCIMDateTime() : fBody(boost::make_shared<TCIMDateTimeImpl>()) {}
+TCIMDateTime::TCIMDateTime() : fBody(detail::MakeSharedBody<TCIMDateTimeImpl>()) {}
 
 TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
                            unsigned short hour, unsigned short minute, unsigned short second,
                            unsigned int microseconds, short utcOffset)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>(year, month, day, hour, minute, second,
+    : fBody(detail::MakeSharedBody<TCIMDateTimeImpl>(year, month, day, hour, minute, second,
                                                  microseconds,
                                  utcOffset)) {}
 
 TCIMDateTime::TCIMDateTime(unsigned int days, unsigned short hours, unsigned short minutes,
                            unsigned short seconds, unsigned int microseconds)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>(days, hours, minutes, seconds, microseconds)) {}
+    : fBody(detail::MakeSharedBody<TCIMDateTimeImpl>(days, hours, minutes, seconds, microseconds)) {}
 
 TCIMDateTime::TCIMDateTime(const std::string& text)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>(text)) {}
+    : fBody(detail::MakeSharedBody<TCIMDateTimeImpl>(text)) {}
 
 TCIMDateTime::TCIMDateTime(const TCIMDateTime& other)
-    : fBody(boost::make_shared<TCIMDateTimeImpl>(*other.fBody)) {}
+    : fBody(detail::MakeSharedBody<TCIMDateTimeImpl>(*other.fBody)) {}
 
 TCIMDateTime& TCIMDateTime::operator=(const TCIMDateTime& other) {
   // A fresh body, never a shared one: a later Set on either handle must not show in the other.
-  fBody = boost::make_shared<TCIMDateTimeImpl>(*other.fBody);
+  fBody = detail::MakeSharedBody<TCIMDateTimeImpl>(*other.fBody);
   return *this;
 }
 
