@@ -27,6 +27,17 @@ constexpr std::int64_t DaysFromCivil(std::int64_t year, int month) {
 // Seconds of the wall clock given by mktime-style fields (month 1-12 as written, but any value
 // is folded into the year), counted from 1970-01-01 00:00:00.
 inline std::int64_t WallSeconds(int year, int month, int day, int hour, int minute, int second) {
+  const std::int64_t timeOfDay = hour * std::int64_t{3600} + minute * std::int64_t{60} + second;
+  if (month >= 1 && month <= 12 && year >= 1 && year <= 65535) {
+    // Fields as written, which is nearly always: nothing to fold, and with the year counted from
+    // March every term is a small non-negative count, so unsigned 32-bit divisions by constants
+    // give the same days as DaysFromCivil at a fraction of its cost.
+    const unsigned y = static_cast<unsigned>(year) - (month <= 2 ? 1u : 0u);
+    const unsigned dayOfYear = (153u * static_cast<unsigned>(month > 2 ? month - 3 : month + 9) + 2) / 5;
+    const std::int64_t days =
+        std::int64_t{y * 365 + y / 4 - y / 100 + y / 400 + dayOfYear} - 719468 + day - 1;
+    return days * 86400 + timeOfDay;
+  }
   const int zeroBasedMonth = month - 1;
   std::int64_t yearsFromMonths = zeroBasedMonth / 12;
   int monthInYear = zeroBasedMonth % 12;
@@ -35,7 +46,7 @@ inline std::int64_t WallSeconds(int year, int month, int day, int hour, int minu
     --yearsFromMonths;
   }
   const std::int64_t days = DaysFromCivil(year + yearsFromMonths, monthInYear + 1) + day - 1;
-  return days * 86400 + hour * std::int64_t{3600} + minute * std::int64_t{60} + second;
+  return days * 86400 + timeOfDay;
 }
 
 // Year, month, day, hour, minute and second of a wall-clock count (the inverse of WallSeconds),
