@@ -85,6 +85,7 @@ bool AgreesWithGlibc(TLocalZone& zone) {
 class TZoneCache {
  public:
   const TLocalZone& Current() {
+    if (fScopes > 0) return fZone;
     const char* tz = std::getenv("TZ");
     if (!fBuilt || (tz != nullptr) != fTzSet || (tz && std::strcmp(tz, fTzText.c_str()) != 0)) {
       Rebuild(tz);
@@ -99,6 +100,8 @@ class TZoneCache {
   }
 
  private:
+  friend class NORXVYR20::detail::TLocalZoneScope;
+
   void Rebuild(const char* tz) {
     fBuilt = true;
     fTzSet = tz != nullptr;
@@ -113,6 +116,7 @@ class TZoneCache {
     fZone.fOneOffset = HasOneOffset(tz) && AgreesWithGlibc(fZone);
   }
 
+  int fScopes = 0;  // TLocalZoneScopes alive
   bool fBuilt = false;
   bool fTzSet = false;
   std::string fTzText;
@@ -129,6 +133,13 @@ TZoneCache& Cache() {
 }  // namespace
 
 const TLocalZone& CurrentLocalZone() { return Cache().Current(); }
+
+TLocalZoneScope::TLocalZoneScope() {
+  Cache().Current();
+  ++Cache().fScopes;
+}
+
+TLocalZoneScope::~TLocalZoneScope() { --Cache().fScopes; }
 
 }  // namespace detail
 }  // namespace NORXVYR20

@@ -32,6 +32,18 @@ struct TLocalZone {
 
 const TLocalZone& CurrentLocalZone();
 
+// While one exists, CurrentLocalZone answers from the look it took when the scope began, without
+// looking again: for one operation that converts more than once (the logger's time stamp is a
+// localtime and then the validity check of the fields it gave), where nothing can change TZ or
+// the zone file in between that a second look should see. Scopes nest.
+class TLocalZoneScope {
+ public:
+  TLocalZoneScope();
+  ~TLocalZoneScope();
+  TLocalZoneScope(const TLocalZoneScope&) = delete;
+  TLocalZoneScope& operator=(const TLocalZoneScope&) = delete;
+};
+
 }  // namespace detail
 }  // namespace NORXVYR20
 

@@ -2,10 +2,13 @@
 #include <vyrcore/Logger.h>
 
 #include <cerrno>
+#include <cstring>
+#include <utility>
 
 #include <vyrcore/OSSpecific.h>
 
 #include "core/Fail.h"
+#include "os/LocalTime.h"
 
 namespace NORXVYR20 {
 
@@ -13,6 +16,7 @@ namespace {
 
 const char* const kOpenBanner = "-- VYR Log Opened ----------------------------\n";
 const char* const kCloseBanner = "-- VYR Log Closed ----------------------------\n";
+const char kLinePrefix[] = "ZUL_";
 
 // The tag written before the message; null for a severity that has none.
 const char* TagOf(ILogger::EVYRLogSeverity severity) {
@@ -23,6 +27,22 @@ const char* TagOf(ILogger::EVYRLogSeverity severity) {
     case ILogger::kLogSeverityDebug: return "[Debug] ";
     case ILogger::kLogSeverityVerbose: return "[Verbose] ";
     default: return nullptr;
+  }
+}
+
+// The entry is made in the list and stamped there: building it aside and copying it in cost a
+// second date/time body per entry. A failure to read the clock leaves the list as it was.
+void KeepEntry(std::list<ILogger::TLogEntry>& log, ILogger::EVYRLogSeverity severity,
+               const std::string& message) {
+  log.emplace_back();
+  ILogger::TLogEntry& entry = log.back();
+  entry.fSeverity = severity;
+  try {
+    entry.fMessage = message;
+    detail::SetToLocalTime(entry.fTime);
+  } catch (...) {
+    log.pop_back();
+    throw;
   }
 }
 
@@ -57,15 +77,17 @@ void TLogger::OutputLogEntry(EVYRLogSeverity severity, const std::string& messag
   const bool recordOnly = severity == kLogSeverityRecordOnly;
   if (!recordOnly && severity > fThreshold) return;
   // Verbose entries are written but never kept; record-only entries are kept but never written.
-  if (recordOnly || severity < kLogSeverityVerbose)
-    fLog.push_back(TLogEntry{severity, message, TOSSpecific::GetLocalTime()});
+  if (recordOnly || severity < kLogSeverityVerbose) KeepEntry(fLog, severity, message);
   if (recordOnly) return;
 
   const char* tag = TagOf(severity);
   if (!tag) detail::Fail(kVYRStatusFail);
-  const std::string line = std::string("ZUL_") + tag + message + "\n";
+  std::string line;
+  // One allocation: sizeof counts the line end in place of the prefix's terminator.
+  line.reserve(sizeof kLinePrefix + std::strlen(tag) + message.size());
+  line.append(kLinePrefix).append(tag).append(message) += '\n';
   if (fLogFilename.empty()) {
-    TOSSpecific::OutputLogString(line);
+    TOSSpecific::OutputLogString(std::move(line));
     return;
   }
   // Flushed at once so that the file is complete up to the last entry if the process dies.
