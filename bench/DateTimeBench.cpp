@@ -1,5 +1,6 @@
-// Date/time values: parse, text form and ordering, each with TZ unset (the system zone file) and
-// with TZ=UTC. Run from build/bench/: ./vyr_datetime_bench
+// Date/time values: parse, text form and ordering, each with TZ unset (the system zone file), with
+// TZ=UTC, and with TZ unset in an otherwise empty environment (BenchZone.h says why). Run from
+// build/bench/: ./vyr_datetime_bench
 #include <string>
 
 #include <benchmark/benchmark.h>
@@ -15,7 +16,7 @@ namespace {
 const std::string kAbsoluteText = "20040307090501.000250-300";
 const std::string kIntervalText = "00000003040000.000000:000";
 
-void BM_ParseAbsolute(benchmark::State& state, const char* zone) {
+void BM_ParseAbsolute(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   for (auto _ : state) {
     TCIMDateTime value(kAbsoluteText);
@@ -24,7 +25,7 @@ void BM_ParseAbsolute(benchmark::State& state, const char* zone) {
 }
 VYR_BENCHMARK_ZONES(BM_ParseAbsolute);
 
-void BM_ParseInterval(benchmark::State& state, const char* zone) {
+void BM_ParseInterval(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   for (auto _ : state) {
     TCIMDateTime value(kIntervalText);
@@ -33,7 +34,7 @@ void BM_ParseInterval(benchmark::State& state, const char* zone) {
 }
 VYR_BENCHMARK_ZONES(BM_ParseInterval);
 
-void BM_ToString(benchmark::State& state, const char* zone) {
+void BM_ToString(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   const TCIMDateTime value(kAbsoluteText);
   for (auto _ : state) benchmark::DoNotOptimize(value.ToString());
@@ -41,7 +42,7 @@ void BM_ToString(benchmark::State& state, const char* zone) {
 VYR_BENCHMARK_ZONES(BM_ToString);
 
 // Two different instants, so that neither operator can stop at the first field.
-void BM_Less(benchmark::State& state, const char* zone) {
+void BM_Less(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   const TCIMDateTime left(kAbsoluteText);
   const TCIMDateTime right("20040307140501.000251+000");
@@ -50,7 +51,7 @@ void BM_Less(benchmark::State& state, const char* zone) {
 VYR_BENCHMARK_ZONES(BM_Less);
 
 // The same instant under two offsets: equal, and every field has to be looked at.
-void BM_Equal(benchmark::State& state, const char* zone) {
+void BM_Equal(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   const TCIMDateTime left(kAbsoluteText);
   const TCIMDateTime right("20040307140501.000250+000");

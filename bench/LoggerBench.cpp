@@ -1,5 +1,6 @@
 // The logger: entries kept in memory, and entries also written (and flushed) to a log file, with
-// TZ unset and TZ=UTC. Reported as items per second. Run from build/bench/: ./vyr_logger_bench
+// TZ unset, TZ=UTC and TZ unset in an otherwise empty environment (BenchZone.h). Reported as items
+// per second. Run from build/bench/: ./vyr_logger_bench
 #include <unistd.h>
 
 #include <string>
@@ -32,14 +33,14 @@ void RunLogger(benchmark::State& state, TLogger& logger) {
   state.SetItemsProcessed(state.iterations());
 }
 
-void BM_LogKeptInMemory(benchmark::State& state, const char* zone) {
+void BM_LogKeptInMemory(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   TLogger logger;
   RunLogger(state, logger);
 }
 VYR_BENCHMARK_ZONES(BM_LogKeptInMemory);
 
-void BM_LogAlsoToFile(benchmark::State& state, const char* zone) {
+void BM_LogAlsoToFile(benchmark::State& state, TZoneSetting zone) {
   TBenchZone scoped(zone);
   const std::string path = "vyr_logger_bench." + std::to_string(getpid()) + ".log";
   {

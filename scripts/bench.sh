@@ -3,8 +3,8 @@
 # runs them one after the other, so one command prints every figure. Arguments go to every
 # program, e.g. --benchmark_repetitions=5 --benchmark_report_aggregates_only=true, or
 # --benchmark_filter=... to pick figures.
-# TZ is UTC unless the caller sets it; the date/time and logger programs measure TZ unset and
-# TZ=UTC themselves, whatever the caller's TZ.
+# TZ is UTC unless the caller sets it; the date/time and logger programs set their own zone
+# settings (TZ unset, TZ=UTC, TZ unset in an otherwise empty environment), whatever the caller's.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
