@@ -20,20 +20,29 @@ constexpr std::string::size_type kTextLength = 25;
 constexpr std::string::size_type kDotPosition = 14;
 constexpr std::string::size_type kSignPosition = 21;
 
-// The value of eight ASCII digits read as one little-endian word (the first digit in the lowest
-// byte); false when any byte is not a digit. A byte is a digit when its high nibble is 3 and
-// adding 6 does not carry out of its low nibble. The conversion then folds neighbours together:
-// pairs of digits, pairs of pairs, and the two halves.
-static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "EightDigits reads the first digit low");
-bool EightDigits(std::uint64_t word, std::uint64_t& value) {
+// Eight ASCII digits read as one little-endian word (the first digit in the lowest byte), folded
+// into four two-digit values, one per 16-bit lane with the first pair lowest; false when any byte
+// is not a digit. A byte is a digit when its high nibble is 3 and adding 6 does not carry out of
+// its low nibble.
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "DigitPairs reads the first digit low");
+bool DigitPairs(std::uint64_t word, std::uint64_t& pairs) {
   constexpr std::uint64_t kHighNibbles = 0xF0F0F0F0F0F0F0F0;
   if ((((word & kHighNibbles) | (((word + 0x0606060606060606) & kHighNibbles) >> 4))) !=
       0x3333333333333333)
     return false;
-  word = (word & 0x0F0F0F0F0F0F0F0F) * 2561 >> 8;
-  word = (word & 0x00FF00FF00FF00FF) * 6553601 >> 16;
-  value = (word & 0x0000FFFF0000FFFF) * 42949672960001 >> 32;
+  pairs = (word & 0x0F0F0F0F0F0F0F0F) * 2561 >> 8;
   return true;
+}
+
+// The two-digit value in lane index (0 to 3) of DigitPairs' result.
+unsigned Pair(std::uint64_t pairs, int index) {
+  return static_cast<unsigned>(pairs >> (16 * index)) & 0xFF;
+}
+
+// The eight-digit value of DigitPairs' result: pairs of pairs, then the two halves.
+std::uint64_t EightDigitValue(std::uint64_t pairs) {
+  const std::uint64_t quads = (pairs & 0x00FF00FF00FF00FF) * 6553601 >> 16;
+  return (quads & 0x0000FFFF0000FFFF) * 42949672960001 >> 32;
 }
 
 std::uint64_t WordAt(const char* text) {
@@ -42,15 +51,13 @@ std::uint64_t WordAt(const char* text) {
   return word;
 }
 
-// Base-10 value of text[pos, pos + count); false when any of them is not an ASCII digit.
-bool ReadDigits(const char* text, int pos, int count, unsigned long& value) {
-  unsigned long result = 0;
-  for (int i = pos; i < pos + count; ++i) {
-    const unsigned digit = static_cast<unsigned char>(text[i]) - unsigned{'0'};
-    if (digit > 9) return false;
-    result = result * 10 + digit;
-  }
-  value = result;
+// Base-10 value of the three characters at text; false when any of them is not an ASCII digit.
+bool ThreeDigits(const char* text, unsigned& value) {
+  const unsigned hundreds = static_cast<unsigned char>(text[0]) - unsigned{'0'};
+  const unsigned tens = static_cast<unsigned char>(text[1]) - unsigned{'0'};
+  const unsigned units = static_cast<unsigned char>(text[2]) - unsigned{'0'};
+  if ((hundreds > 9) | (tens > 9) | (units > 9)) return false;
+  value = hundreds * 100 + tens * 10 + units;
   return true;
 }
 
@@ -139,37 +146,37 @@ void TCIMDateTimeImpl::Set(const std::string& text) {
   if (text.size() != kTextLength || text[kDotPosition] != '.')
     detail::Fail(kVYRStatusInvalidDateTime);
   // Every position but the "." and the sign must be a digit: the CIM form's "*" wildcards are not
-  // accepted. The fields are read as the check goes, eight digits at a time: positions 0-7, then
-  // 6-13 (the day again, then hour, minute and second), then 13-20 with the "." (checked above)
-  // read as a zero, which leaves the microseconds below the millions.
+  // accepted. The digits are checked and paired eight at a time: positions 0-7 (year, month and
+  // day, or the day count), then 6-13 (the day again, then hour, minute and second), then 13-20
+  // with the "." (checked above) read as a zero, which leaves the microseconds in the last three
+  // pairs.
   const char* chars = text.data();
   std::uint64_t leading, dayAndTime, withMicroseconds;
-  unsigned long offsetDigits;
+  unsigned offsetDigits;
   std::uint64_t microsecondWord = WordAt(chars + 13);
   reinterpret_cast<unsigned char*>(&microsecondWord)[1] = '0';
-  if (!EightDigits(WordAt(chars), leading) || !EightDigits(WordAt(chars + 6), dayAndTime) ||
-      !EightDigits(microsecondWord, withMicroseconds) || !ReadDigits(chars, 22, 3, offsetDigits))
+  if (!DigitPairs(WordAt(chars), leading) || !DigitPairs(WordAt(chars + 6), dayAndTime) ||
+      !DigitPairs(microsecondWord, withMicroseconds) || !ThreeDigits(chars + 22, offsetDigits))
     detail::Fail(kVYRStatusInvalidDateTime);
-  const unsigned long hour = dayAndTime / 10000 % 100, minute = dayAndTime / 100 % 100,
-                      second = dayAndTime % 100, microseconds = withMicroseconds % 1000000;
+  const auto hour = static_cast<unsigned short>(Pair(dayAndTime, 1));
+  const auto minute = static_cast<unsigned short>(Pair(dayAndTime, 2));
+  const auto second = static_cast<unsigned short>(Pair(dayAndTime, 3));
+  const unsigned microseconds = Pair(withMicroseconds, 1) * 10000 +
+                                Pair(withMicroseconds, 2) * 100 + Pair(withMicroseconds, 3);
 
   const char sign = text[kSignPosition];
   if (sign != '+' && sign != '-' && sign != ':') detail::Fail(kVYRStatusInvalidDateTime);
   if (sign == ':' && offsetDigits != 0) detail::Fail(kVYRStatusInvalidDateTime);
 
   if (sign == ':') {
-    Set(static_cast<unsigned int>(leading), static_cast<unsigned short>(hour),
-        static_cast<unsigned short>(minute), static_cast<unsigned short>(second),
-        static_cast<unsigned int>(microseconds));
+    Set(static_cast<unsigned int>(EightDigitValue(leading)), hour, minute, second, microseconds);
     return;
   }
-  // Positions 0-7 hold year (4 digits), month (2) and day (2).
-  const auto offset = static_cast<short>(sign == '-' ? -static_cast<long>(offsetDigits)
-                                                     : static_cast<long>(offsetDigits));
-  Set(static_cast<unsigned short>(leading / 10000),
-      static_cast<unsigned short>(leading / 100 % 100), static_cast<unsigned int>(leading % 100), static_cast<unsigned short>(hour),
-      static_cast<unsigned short>(minute), static_cast<unsigned short>(second),
-      static_cast<unsigned int>(microseconds), offset);
+  const auto offset = static_cast<short>(sign == '-' ? -static_cast<int>(offsetDigits)
+                                                     : static_cast<int>(offsetDigits));
+  Set(static_cast<unsigned short>(Pair(leading, 0) * 100 + Pair(leading, 1)),
+      static_cast<unsigned short>(Pair(leading, 2)), Pair(leading, 3), hour, minute, second,
+      microseconds, offset);
 }
 
 }  // namespace NORXVYR20
