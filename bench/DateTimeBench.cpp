@@ -1,6 +1,7 @@
 // Date/time values: parse, text form and ordering, each with TZ unset (the system zone file), with
 // TZ=UTC, and with TZ unset in an otherwise empty environment (BenchZone.h says why). Run from
 // build/bench/: ./vyr_datetime_bench
+#include <cstdlib>
 #include <string>
 
 #include <benchmark/benchmark.h>
@@ -58,5 +59,13 @@ void BM_Equal(benchmark::State& state, TZoneSetting zone) {
   for (auto _ : state) benchmark::DoNotOptimize(left == right);
 }
 VYR_BENCHMARK_ZONES(BM_Equal);
+
+// The floor under every figure above that reads a zone: the look at TZ in the environment, which
+// glibc's own mktime takes too, and which walks the environment entry by entry.
+void BM_LookUpTZ(benchmark::State& state, TZoneSetting zone) {
+  TBenchZone scoped(zone);
+  for (auto _ : state) benchmark::DoNotOptimize(std::getenv("TZ"));
+}
+VYR_BENCHMARK_ZONES(BM_LookUpTZ);
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The logger: entries kept in memory, and entries also written (and flushed) to a log file, with
 // TZ unset, TZ=UTC and TZ unset in an otherwise empty environment (BenchZone.h). Reported as items
 // per second. Run from build/bench/: ./vyr_logger_bench
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <string>
@@ -51,5 +52,22 @@ void BM_LogAlsoToFile(benchmark::State& state, TZoneSetting zone) {
   unlink(path.c_str());
 }
 VYR_BENCHMARK_ZONES(BM_LogAlsoToFile);
+
+// The floor under the figure above: every entry reaches the file before the call returns, which
+// takes one write(2) of its line. This is that system call alone, same line, same directory.
+void BM_WriteCallAlone(benchmark::State& state) {
+  const std::string path = "vyr_logger_bench." + std::to_string(getpid()) + ".floor";
+  const std::string line = "ZUL_[Status] " + kMessage + "\n";
+  const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  if (fd < 0) {
+    state.SkipWithError("cannot create the file");
+    return;
+  }
+  for (auto _ : state) benchmark::DoNotOptimize(write(fd, line.data(), line.size()));
+  state.SetItemsProcessed(state.iterations());
+  close(fd);
+  unlink(path.c_str());
+}
+BENCHMARK(BM_WriteCallAlone);
 
 }  // namespace
