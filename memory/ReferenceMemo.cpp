@@ -30,18 +30,19 @@ boost::shared_ptr<const TCIMValue> TReferenceMemo::Keep(const TCIMValue& value) 
     return SharedStoredValue(value);
   }
   const TCIMReference reference = value;
+  boost::shared_ptr<ICIMNamespace> space = StoredNamespace(reference.GetNamespace());
   if (reference.GetClass().get() != keyed) {
     fLast.reset();
-    return SharedStoredValue(reference);
+    return SharedStoredValue(reference, std::move(space));
   }
-  const boost::shared_ptr<ICIMNamespace> space = StoredNamespace(reference.GetNamespace());
   const std::size_t declarations = keyed->DeclarationCount();
   if (fLast && fLastNamespace == space.get() && fLastDeclarationCount == declarations &&
       value == *fLast) {
     return fLast;
   }
-  fLast = SharedStoredValue(reference);
-  fLastNamespace = space.get();
+  const ICIMNamespace* const spaceObject = space.get();
+  fLast = SharedStoredValue(reference, std::move(space));
+  fLastNamespace = spaceObject;
   fLastDeclarationCount = declarations;
   return fLast;
 }

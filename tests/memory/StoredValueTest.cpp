@@ -31,6 +31,14 @@ TCIMValue NullOf(const TCIMValue& value) {
   return null;
 }
 
+// A value of value's type that also names a referenced class (set while it was null).
+TCIMValue Carrying(const boost::shared_ptr<ICIMClass>& cimClass, const TCIMValue& value) {
+  TCIMValue carrying(value.GetType(), 0);
+  carrying.SetReferencedClass(cimClass);
+  carrying = value;  // assignment keeps the class
+  return carrying;
+}
+
 TEST_F(MemoryTest, EveryKindOfValueReadsBackAsItWasSet) {
   auto host = MakeClass("Host", {}, {{"Name", TCIMValue("")}});
   MakeInstance(host, {{"Name", TCIMValue("h1")}});
@@ -69,13 +77,18 @@ TEST_F(MemoryTest, EveryKindOfValueReadsBackAsItWasSet) {
       {"null string", TCIMValue(Type::kCIMTypeString, 0)},
       {"null array with a bound", TCIMValue(Type::kCIMTypeSInt64, 7)},
       {"null reference expecting a class", expectingHost},
+      // A copy drops the class a scalar of another type carries; so must the stored form.
+      {"string carrying a class", Carrying(host, TCIMValue("s"))},
+      {"uint32 carrying a class", Carrying(host, TCIMValue(7u))},
+      {"date/time carrying a class", Carrying(host, At(1, 2, 60))},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     auto cimClass = MakeClass(std::string("K_") + std::to_string(&c - cases),  {},
                               {{"P", NullOf(c.value)}, {"Id", TCIMValue(0u)}});
     auto instance = MakeInstance(cimClass, {{"P", c.value}, {"Id", TCIMValue(1u)}});
-    const std::string expected = Portrait(c.value);
+    // What is set is copied, so it reads back as a copy reads.
+    const std::string expected = Portrait(TCIMValue(c.value));
     // The value stays valid while the instance holds it, the property object gone or not.
     const TCIMValue& read = instance->GetProperty("P", fContext)->GetValue();
     EXPECT_EQ(Portrait(read), expected);
