@@ -40,9 +40,10 @@ boost::shared_ptr<const TCIMValue> TReferenceMemo::Keep(const TCIMValue& value) 
   }
   const TCIMReference reference = value;
   boost::shared_ptr<ICIMNamespace> space = StoredNamespace(reference.GetNamespace());
-  if (reference.GetClass().get() != keyed) {
+  boost::shared_ptr<ICIMClass> cimClass = reference.GetClass();
+  if (cimClass.get() != keyed) {
     fLast.reset();
-    return SharedStoredValue(reference, std::move(space));
+    return SharedStoredValue(reference, std::move(space), std::move(cimClass));
   }
   const std::size_t declarations = keyed->DeclarationCount();
   if (fLast && fLastNamespace == space.get() && fLastDeclarationCount == declarations &&
@@ -50,7 +51,7 @@ boost::shared_ptr<const TCIMValue> TReferenceMemo::Keep(const TCIMValue& value) 
     return fLast;
   }
   const ICIMNamespace* const spaceObject = space.get();
-  fLast = SharedStoredValue(reference, std::move(space));
+  fLast = SharedStoredValue(reference, std::move(space), std::move(cimClass));
   fLastClass = keyed;
   fLastNamespace = spaceObject;
   fLastDeclarationCount = declarations;

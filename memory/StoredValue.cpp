@@ -67,11 +67,12 @@ bool HoldsReferences(const TCIMValue& value) {
   return !value.IsNull() && elementType == TCIMValue::TCIMType::kCIMTypeReference;
 }
 
-// storedSpace: StoredNamespace of the reference's namespace.
+// storedSpace: StoredNamespace of the reference's namespace; cimClass: the reference's class.
 TCIMReference StoredReference(const TCIMReference& reference,
-                              boost::shared_ptr<ICIMNamespace> storedSpace) {
+                              boost::shared_ptr<ICIMNamespace> storedSpace,
+                              boost::shared_ptr<ICIMClass> cimClass) {
   TCIMReference stored(std::move(storedSpace), TCIMContext());
-  stored.SetClass(reference.GetClass());
+  stored.SetClass(std::move(cimClass));
   reference.EnumerateKeyBindings([&stored](const std::pair<std::string, TCIMValue>& key) {
     if (HoldsReferences(key.second)) {
       stored.AddKeyValue(key.first, StoredValue(key.second));
@@ -97,7 +98,8 @@ TCIMValue StoredValue(const TCIMValue& value) {
 
   if (value.IsReference()) {
     const TCIMReference reference = value;
-    TCIMReference stored = StoredReference(reference, StoredNamespace(reference.GetNamespace()));
+    TCIMReference stored = StoredReference(reference, StoredNamespace(reference.GetNamespace()),
+                                           reference.GetClass());
     return TCIMValue(stored);
   }
   const std::vector<TCIMValue>& elements = value.operator std::vector<TCIMValue>&();
@@ -116,9 +118,10 @@ boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value) {
   return boost::shared_ptr<const TCIMValue>(new TCIMValue(StoredValue(value)));
 }
 
-boost::shared_ptr<const TCIMValue> SharedStoredValue(
-    const TCIMReference& reference, boost::shared_ptr<ICIMNamespace> storedSpace) {
-  TCIMReference stored = StoredReference(reference, std::move(storedSpace));
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference,
+                                                     boost::shared_ptr<ICIMNamespace> storedSpace,
+                                                     boost::shared_ptr<ICIMClass> cimClass) {
+  TCIMReference stored = StoredReference(reference, std::move(storedSpace), std::move(cimClass));
   return MakeSharedBody<TCIMValue>(stored);
 }
 
