@@ -2,6 +2,7 @@
 #include "InstanceIndex.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "MemoryClass.h"
 #include "MemoryInstance.h"
@@ -44,13 +45,13 @@ void TInstanceIndex::FollowZone() {
   }
 }
 
-void TInstanceIndex::Add(const boost::shared_ptr<TMemoryInstance>& instance) {
+void TInstanceIndex::Add(boost::shared_ptr<TMemoryInstance> instance) {
   // Only tables go stale, and Find looks at the zone before it builds one: with none built (a
   // class filled before anyone looks an instance up), adding need not ask for the zone.
   if (!fTables.empty()) FollowZone();
   instance->SetPosition(fInstances.size());
-  fInstances.push_back(instance);
-  for (auto& entry : fTables) Enter(entry.second, entry.first, *instance);
+  fInstances.push_back(std::move(instance));
+  for (auto& entry : fTables) Enter(entry.second, entry.first, *fInstances.back());
 }
 
 void TInstanceIndex::Withdraw(const TMemoryInstance& instance, const std::string& name) {

@@ -46,7 +46,7 @@ class TInstanceIndex {
   TInstanceIndex& operator=(const TInstanceIndex&) = delete;
 
   // Appends a newly committed instance and enters it into the tables already built.
-  void Add(const boost::shared_ptr<TMemoryInstance>& instance);
+  void Add(boost::shared_ptr<TMemoryInstance> instance);
   const std::vector<boost::shared_ptr<TMemoryInstance>>& InCommitOrder() const {
     return fInstances;
   }

@@ -141,7 +141,10 @@ std::size_t TMemoryClass::SlotFor(const std::string& name, const TCIMValue& valu
     Refuse(kVYRStatusNotFound, "unknown property " + Quoted(name) + " in class " + Quoted(fName));
   }
   generation = slots.Current(slot);
-  CheckType(name, *slots.Declaration(slot, generation), value);
+  // The declaration's type is kept by slot: only a mismatch needs the declaration itself.
+  if (slots.CurrentType(slot) != value.GetType()) {
+    CheckType(name, *slots.Declaration(slot, generation), value);
+  }
   return slot;
 }
 
@@ -208,7 +211,7 @@ void TMemoryClass::EnumerateStaticProperties(
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::CreateInstance(TCIMContext&) {
-  return boost::make_shared<TMemoryInstance>(shared_from_this());
+  return boost::make_shared<TMemoryInstance>(weak_from_this(), this);
 }
 
 boost::shared_ptr<ICIMInstance> TMemoryClass::GetInstance(const TCIMReference& path, TCIMContext&) {

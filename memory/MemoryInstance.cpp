@@ -3,8 +3,6 @@
 
 #include <utility>
 
-#include <boost/make_shared.hpp>
-
 #include <vyrcore/Status.h>
 
 #include "MemoryClass.h"
@@ -12,6 +10,7 @@
 #include "PropertySlots.h"
 #include "StoredValue.h"
 #include "ValueKey.h"
+#include "core/SharedBody.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -19,15 +18,15 @@ namespace detail {
 // --- TMemoryProperty
 
 TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration)
-    : fDeclaration(declaration), fOwnValue(false) {}
+    : fDeclaration(std::move(declaration)), fOwnValue(false) {}
 
 TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
                                  const TCIMValue& value)
-    : fDeclaration(declaration), fOwnValue(true), fValue(StoredValue(value)) {}
+    : fDeclaration(std::move(declaration)), fOwnValue(true), fValue(StoredValue(value)) {}
 
 TMemoryProperty::TMemoryProperty(boost::shared_ptr<TMemoryPropertyDecl> declaration,
                                  boost::shared_ptr<const TCIMValue> value)
-    : fDeclaration(declaration), fOwnValue(true), fShared(value) {}
+    : fDeclaration(std::move(declaration)), fOwnValue(true), fShared(std::move(value)) {}
 
 TMemoryProperty::~TMemoryProperty() = default;
 
@@ -44,7 +43,8 @@ const std::string& TMemoryProperty::GetName() const { return fDeclaration->GetNa
 
 // --- TMemoryInstance
 
-TMemoryInstance::TMemoryInstance(boost::weak_ptr<TMemoryClass> cimClass) : fClass(cimClass) {}
+TMemoryInstance::TMemoryInstance(boost::weak_ptr<TMemoryClass> cimClass, TMemoryClass* object)
+    : fClass(std::move(cimClass)), fClassObject(object) {}
 
 TMemoryInstance::~TMemoryInstance() = default;
 
@@ -54,11 +54,16 @@ boost::shared_ptr<TMemoryClass> TMemoryInstance::LiveClass() const {
   return cimClass;
 }
 
+TMemoryClass& TMemoryInstance::AliveClass() const {
+  if (fClass.expired()) throw TVYRException(kVYRStatusNotFound);
+  return *fClassObject;
+}
+
 void TMemoryInstance::Commit(TCIMContext&) {
   if (fCommitted) throw TVYRException(kVYRStatusInvalidOpSequence);
-  boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
-  if (!cimClass->IsCommitted()) throw TVYRException(kVYRStatusInvalidOpSequence);
-  cimClass->Instances().Add(shared_from_this());
+  TMemoryClass& cimClass = AliveClass();  // entering the index frees no value
+  if (!cimClass.IsCommitted()) throw TVYRException(kVYRStatusInvalidOpSequence);
+  cimClass.Instances().Add(shared_from_this());
   fCommitted = true;
 }
 
@@ -71,7 +76,7 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::PropertyOf(const TPropertySlots
       slots.Declaration(slot, fSlots[slot].Generation());
   if (!declaration) return boost::shared_ptr<ICIMProperty>();
   fSlots[slot].MakeWhole();
-  return boost::make_shared<TMemoryProperty>(declaration, fSlots[slot].Whole());
+  return MakeSharedBody<TMemoryProperty>(std::move(declaration), fSlots[slot].Whole());
 }
 
 boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& name,
@@ -82,22 +87,28 @@ boost::shared_ptr<ICIMProperty> TMemoryInstance::GetProperty(const std::string& 
   if (slots.Find(name, slot)) {
     if (boost::shared_ptr<ICIMProperty> property = PropertyOf(slots, slot)) return property;
   }
-  return boost::make_shared<TMemoryProperty>(cimClass->DeclarationOf(name));
+  return MakeSharedBody<TMemoryProperty>(cimClass->DeclarationOf(name));
 }
 
 void TMemoryInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                        TCIMContext&) {
-  const boost::shared_ptr<TMemoryClass> cimClass = LiveClass();
+  TMemoryClass& cimClass = AliveClass();
   std::uint16_t generation = 0;
-  const std::size_t slot = cimClass->SlotFor(name, value, generation);
+  const std::size_t slot = cimClass.SlotFor(name, value, generation);
+  // Letting go of a value kept whole (the old one here, or the last reference a class keeps for
+  // sharing) may free the last owner of the class itself, a value that refers to it: the class is
+  // held for the rest of the call then. Nothing else done here frees a value that could own it,
+  // and taking a share costs two locked instructions per value set.
+  const bool reference = value.IsReference();
+  boost::shared_ptr<TMemoryClass> held;
+  if (reference || (slot < fSlots.size() && fSlots[slot].IsWhole())) held = LiveClass();
   // Everything that can throw comes before the index lets go of the old value.
-  TStoredSlot stored = value.IsReference()
-                           ? TStoredSlot(cimClass->KeepReference(slot, value), generation)
-                           : TStoredSlot(value, generation);
-  if (slot >= fSlots.size()) fSlots.resize(cimClass->Slots().Count());
-  if (fCommitted) cimClass->Instances().Withdraw(*this, name);
+  TStoredSlot stored = reference ? TStoredSlot(cimClass.KeepReference(slot, value), generation)
+                                 : TStoredSlot(value, generation);
+  if (slot >= fSlots.size()) fSlots.resize(cimClass.Slots().Count());
+  if (fCommitted) cimClass.Instances().Withdraw(*this, name);
   fSlots[slot] = std::move(stored);
-  if (fCommitted) cimClass->Instances().Restore(*this, name);
+  if (fCommitted) cimClass.Instances().Restore(*this, name);
 }
 
 void TMemoryInstance::EnumerateProperties(
@@ -110,7 +121,7 @@ void TMemoryInstance::EnumerateProperties(
       cimClass->Slots().InOrder();
   for (std::size_t i = 0; i < declarations->size(); ++i) {
     boost::shared_ptr<ICIMProperty> property = PropertyOf(cimClass->Slots(), (*slotNumbers)[i]);
-    if (!property) property = boost::make_shared<TMemoryProperty>((*declarations)[i]);
+    if (!property) property = MakeSharedBody<TMemoryProperty>((*declarations)[i]);
     if (!callback(property)) return;
   }
 }

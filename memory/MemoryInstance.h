@@ -56,7 +56,8 @@ class TMemoryProperty : public ICIMProperty {
 class TMemoryInstance : public ICIMInstance,
                         public boost::enable_shared_from_this<TMemoryInstance> {
  public:
-  explicit TMemoryInstance(boost::weak_ptr<TMemoryClass> cimClass);
+  // cimClass is object's (a class made through a shared pointer).
+  TMemoryInstance(boost::weak_ptr<TMemoryClass> cimClass, TMemoryClass* object);
   ~TMemoryInstance() override;
 
   // Adds the instance to its class's instances (the class must be committed).
@@ -78,10 +79,14 @@ class TMemoryInstance : public ICIMInstance,
 
  private:
   boost::shared_ptr<TMemoryClass> LiveClass() const;
+  // The class while it lives, without taking a share of it (kVYRStatusNotFound once it is gone):
+  // for calls that free nothing which could be the class's last owner.
+  TMemoryClass& AliveClass() const;
   // The property object of a slot, or empty when it holds no value the class still declares.
   boost::shared_ptr<ICIMProperty> PropertyOf(const TPropertySlots& slots, std::size_t slot);
 
   boost::weak_ptr<TMemoryClass> fClass;
+  TMemoryClass* fClassObject;  // fClass's object, valid while fClass has not expired
   std::vector<TStoredSlot> fSlots;
   std::size_t fPosition = 0;
   bool fCommitted = false;

@@ -22,23 +22,34 @@ void TPropertySlots::Update(const std::vector<TDecl>& declarations) {
   inOrder->reserve(declarations.size());
   for (const TDecl& declaration : declarations) {
     auto placed = fByName.emplace(declaration->GetName(), fDeclarations.size());
-    if (placed.second) fDeclarations.emplace_back();
-    std::vector<TDecl>& resolved = fDeclarations[placed.first->second];
+    if (placed.second) {
+      fNames.push_back(&placed.first->first);
+      fDeclarations.emplace_back();
+      fCurrentTypes.push_back(TCIMValue::TCIMType::kCIMTypeNull);
+    }
+    const std::size_t slot = placed.first->second;
+    std::vector<TDecl>& resolved = fDeclarations[slot];
     // The most derived declaration of a name only ever moves down the class chain, so a name
     // resolves to at most one declaration per class above it.
     if (resolved.empty() || resolved.back() != declaration) {
       resolved.push_back(declaration);
+      fCurrentTypes[slot] = declaration->GetType();
       fContentTypesOnly = fContentTypesOnly && IsContentType(declaration->GetType());
     }
-    inOrder->push_back(placed.first->second);
+    inOrder->push_back(slot);
   }
   fInOrder = inOrder;
 }
 
 bool TPropertySlots::Find(const std::string& name, std::size_t& slot) const {
-  auto found = fByName.find(name);
-  if (found == fByName.end()) return false;
-  slot = found->second;
+  if (fNextGuess < fNames.size() && *fNames[fNextGuess] == name) {
+    slot = fNextGuess;
+  } else {
+    auto found = fByName.find(name);
+    if (found == fByName.end()) return false;
+    slot = found->second;
+  }
+  fNextGuess = slot + 1;
   return true;
 }
 
@@ -50,7 +61,10 @@ const TPropertySlots::TDecl& TPropertySlots::Declaration(std::size_t slot,
 
 void TPropertySlots::Clear() {
   fByName.clear();
+  fNames.clear();
+  fNextGuess = 0;
   fDeclarations.clear();
+  fCurrentTypes.clear();
   fInOrder.reset();
 }
 

@@ -8,7 +8,9 @@
 // are kept once here. A slot also lists every declaration its name has resolved to, the most
 // derived last: a value remembers by its index (its generation) the one it was set under, since a
 // property answers the declaration of its value even after a re-declaration has taken the name
-// over. Throws only std::bad_alloc. One thread at a time.
+// over. Providers set and read values in declaration order, instance after instance, so Find
+// first tries the slot after the one it found last: a name compare instead of hashing it and a
+// division to pick its bucket. Throws only std::bad_alloc. One thread at a time.
 #ifndef VYRMEMORY_PROPERTYSLOTS_H
 #define VYRMEMORY_PROPERTYSLOTS_H
 
@@ -19,6 +21,8 @@
 #include <vector>
 
 #include <boost/shared_ptr.hpp>
+
+#include <vyrcore/CIMValue.h>
 
 namespace NORXVYR20 {
 namespace detail {
@@ -44,6 +48,8 @@ class TPropertySlots {
   }
   // The declaration of that generation; empty when the table was cleared since.
   const TDecl& Declaration(std::size_t slot, std::uint16_t generation) const;
+  // The type of the current generation's declaration (a value set now must have it).
+  TCIMValue::TCIMType::ECIMType CurrentType(std::size_t slot) const { return fCurrentTypes[slot]; }
   // True while every declaration seen so far (superseded ones included) is of a type whose values
   // are equal only when their content is the same: booleans, integers and strings.
   bool ContentTypesOnly() const { return fContentTypesOnly; }
@@ -52,7 +58,10 @@ class TPropertySlots {
 
  private:
   std::unordered_map<std::string, std::size_t> fByName;
+  std::vector<const std::string*> fNames;  // by slot: the keys of fByName, which never move
+  mutable std::size_t fNextGuess = 0;      // the slot after the one Find found last
   std::vector<std::vector<TDecl>> fDeclarations;
+  std::vector<TCIMValue::TCIMType::ECIMType> fCurrentTypes;  // by slot
   boost::shared_ptr<const TSlotNumbers> fInOrder;
   TDecl fNone;
   bool fContentTypesOnly = true;

@@ -11,8 +11,8 @@
 // other offsets), char16 and nested references are never shared, nor are references to a class
 // that has seen a declaration since (the value stored first was checked against the declarations
 // then, and a new one must be checked as it would be rebuilt). Shared values are never changed:
-// setting a value again replaces the slot's pointer. Throws what StoredValue throws. One thread
-// at a time.
+// setting a value again replaces the slot's pointer. A run of values of the class last kept needs
+// no type check to tell the class. Throws what StoredValue throws. One thread at a time.
 #ifndef VYRMEMORY_REFERENCEMEMO_H
 #define VYRMEMORY_REFERENCEMEMO_H
 
@@ -25,6 +25,8 @@
 namespace NORXVYR20 {
 namespace detail {
 
+class TMemoryClass;
+
 class TReferenceMemo {
  public:
   // The stored form of a (scalar) reference value: the previous one, or a new one that is then
@@ -33,6 +35,7 @@ class TReferenceMemo {
 
  private:
   boost::shared_ptr<const TCIMValue> fLast;
+  const TMemoryClass* fLastClass = nullptr;  // fLast's class, which fLast keeps alive
   const ICIMNamespace* fLastNamespace = nullptr;
   std::size_t fLastDeclarationCount = 0;
 };

@@ -4,15 +4,14 @@
 // A namespace holds tens of thousands of instances of ten or so values each, so what one value
 // costs decides the namespace's size. A slot takes 24 bytes. Numbers and booleans keep their bits
 // in it, strings of up to 16 bytes their text, longer strings one block of their own, date/times
-// one handle of their own. Anything else (references, arrays, null values, values that carry a
-// referenced class or an array bound, char16) is kept whole, as StoredValue makes it (a reference
-// may be shared with other instances: ReferenceMemo.h). A value read through a property object
-// is made whole (MakeWhole) and shared with it: the value a property answers must stay valid while
-// the instance holds it, even after the property object is gone, so reading costs memory once per
-// value read. Value() rebuilds a TCIMValue equal to the one stored (the same constructor a copy
-// would use), and the slot remembers which declaration of its name the value was set under (a
-// generation, see PropertySlots.h). Move-only. Making a slot throws what StoredValue throws and
-// std::bad_alloc. One thread at a time.
+// one handle of their own. Anything else (references, arrays, null values, char16) is kept whole,
+// as StoredValue makes it (a reference may be shared with other instances: ReferenceMemo.h). A
+// value read through a property object is made whole (MakeWhole) and shared with it: the value a
+// property answers must stay valid while the instance holds it, even after the property object is
+// gone, so reading costs memory once per value read. Value() rebuilds a TCIMValue equal to a copy
+// of the one stored (the same constructor a copy would use), and the slot remembers which
+// declaration of its name the value was set under (a generation, see PropertySlots.h). Move-only.
+// Making a slot throws what StoredValue throws and std::bad_alloc. One thread at a time.
 #ifndef VYRMEMORY_STOREDSLOT_H
 #define VYRMEMORY_STOREDSLOT_H
 
@@ -42,6 +41,7 @@ class TStoredSlot {
   TStoredSlot(boost::shared_ptr<const TCIMValue> whole, std::uint16_t generation);
 
   bool IsSet() const { return fKind != kUnset; }
+  bool IsWhole() const { return fKind == kWhole; }
   std::uint16_t Generation() const { return fGeneration; }
   // The value kept whole, or empty when the slot keeps it compact.
   boost::shared_ptr<const TCIMValue> Whole() const;
@@ -62,7 +62,9 @@ class TStoredSlot {
   void Release() noexcept;
   void StealFrom(TStoredSlot& other) noexcept;
   void SetBits(const TCIMValue& value);
-  TCIMValue FromBits() const;
+  // make(part) with the argument of the TCIMValue constructor that rebuilds the compact value.
+  template <typename Make>
+  auto FromParts(Make make) const -> decltype(make(true));
   template <typename T>
   T& As() {
     return *reinterpret_cast<T*>(fStorage);

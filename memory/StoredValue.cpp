@@ -7,6 +7,7 @@
 #include <vyrcore/Status.h>
 
 #include "MemoryNamespace.h"
+#include "core/SharedBody.h"
 
 namespace NORXVYR20 {
 namespace detail {
@@ -66,9 +67,12 @@ bool HoldsReferences(const TCIMValue& value) {
   return !value.IsNull() && elementType == TCIMValue::TCIMType::kCIMTypeReference;
 }
 
-TCIMReference StoredReference(const TCIMReference& reference) {
-  TCIMReference stored(StoredNamespace(reference.GetNamespace()), TCIMContext());
-  stored.SetClass(reference.GetClass());
+// storedSpace: StoredNamespace of the reference's namespace; cimClass: the reference's class.
+TCIMReference StoredReference(const TCIMReference& reference,
+                              boost::shared_ptr<ICIMNamespace> storedSpace,
+                              boost::shared_ptr<ICIMClass> cimClass) {
+  TCIMReference stored(std::move(storedSpace), TCIMContext());
+  stored.SetClass(std::move(cimClass));
   reference.EnumerateKeyBindings([&stored](const std::pair<std::string, TCIMValue>& key) {
     if (HoldsReferences(key.second)) {
       stored.AddKeyValue(key.first, StoredValue(key.second));
@@ -93,7 +97,9 @@ TCIMValue StoredValue(const TCIMValue& value) {
   if (!HoldsReferences(value)) return value;
 
   if (value.IsReference()) {
-    TCIMReference stored = StoredReference(value.operator TCIMReference());
+    const TCIMReference reference = value;
+    TCIMReference stored = StoredReference(reference, StoredNamespace(reference.GetNamespace()),
+                                           reference.GetClass());
     return TCIMValue(stored);
   }
   const std::vector<TCIMValue>& elements = value.operator std::vector<TCIMValue>&();
@@ -112,9 +118,11 @@ boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value) {
   return boost::shared_ptr<const TCIMValue>(new TCIMValue(StoredValue(value)));
 }
 
-boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference) {
-  TCIMReference stored = StoredReference(reference);
-  return boost::shared_ptr<const TCIMValue>(new TCIMValue(stored));
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference,
+                                                     boost::shared_ptr<ICIMNamespace> storedSpace,
+                                                     boost::shared_ptr<ICIMClass> cimClass) {
+  TCIMReference stored = StoredReference(reference, std::move(storedSpace), std::move(cimClass));
+  return MakeSharedBody<TCIMValue>(stored);
 }
 
 boost::shared_ptr<ICIMNamespace> MakeStandIn(boost::weak_ptr<TMemoryNamespaceImpl> target,

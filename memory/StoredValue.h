@@ -26,8 +26,11 @@ class TMemoryNamespaceImpl;
 TCIMValue StoredValue(const TCIMValue& value);
 // The same, made straight into a value that can be shared (a copy of a reference value is deep).
 boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMValue& value);
-// The same for the value holding reference, from a copy of it the caller already has.
-boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference);
+// The same for the value holding reference, from a copy of it, the StoredNamespace of its
+// namespace and its class, all of which the caller already has.
+boost::shared_ptr<const TCIMValue> SharedStoredValue(const TCIMReference& reference,
+                                                     boost::shared_ptr<ICIMNamespace> storedSpace,
+                                                     boost::shared_ptr<ICIMClass> cimClass);
 
 // The namespace a stored reference holds in place of space: the stand-in of a namespace of ours,
 // any other unchanged.

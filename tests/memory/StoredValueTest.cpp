@@ -2,6 +2,7 @@
 // exactly as it was set, and it stays under the declaration it was set under.
 #include <cmath>
 #include <limits>
+#include <map>
 
 #include "MemoryFixture.h"
 
@@ -29,6 +30,14 @@ TCIMValue NullOf(const TCIMValue& value) {
   TCIMValue null;
   null.SetNullValue(value.GetType(), value.GetMaxArraySize());
   return null;
+}
+
+// A value of value's type that also names a referenced class (set while it was null).
+TCIMValue Carrying(const boost::shared_ptr<ICIMClass>& cimClass, const TCIMValue& value) {
+  TCIMValue carrying(value.GetType(), 0);
+  carrying.SetReferencedClass(cimClass);
+  carrying = value;  // assignment keeps the class
+  return carrying;
 }
 
 TEST_F(MemoryTest, EveryKindOfValueReadsBackAsItWasSet) {
@@ -69,13 +78,18 @@ TEST_F(MemoryTest, EveryKindOfValueReadsBackAsItWasSet) {
       {"null string", TCIMValue(Type::kCIMTypeString, 0)},
       {"null array with a bound", TCIMValue(Type::kCIMTypeSInt64, 7)},
       {"null reference expecting a class", expectingHost},
+      // A copy drops the class a scalar of another type carries; so must the stored form.
+      {"string carrying a class", Carrying(host, TCIMValue("s"))},
+      {"uint32 carrying a class", Carrying(host, TCIMValue(7u))},
+      {"date/time carrying a class", Carrying(host, At(1, 2, 60))},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     auto cimClass = MakeClass(std::string("K_") + std::to_string(&c - cases),  {},
                               {{"P", NullOf(c.value)}, {"Id", TCIMValue(0u)}});
     auto instance = MakeInstance(cimClass, {{"P", c.value}, {"Id", TCIMValue(1u)}});
-    const std::string expected = Portrait(c.value);
+    // What is set is copied, so it reads back as a copy reads.
+    const std::string expected = Portrait(TCIMValue(c.value));
     // The value stays valid while the instance holds it, the property object gone or not.
     const TCIMValue& read = instance->GetProperty("P", fContext)->GetValue();
     EXPECT_EQ(Portrait(read), expected);
@@ -107,6 +121,37 @@ TEST_F(MemoryTest, PropertiesHandedOutAreSnapshots) {
   EXPECT_EQ(count->GetValue(), TCIMValue(1u));
   EXPECT_EQ(instance->GetProperty("Label", fContext)->GetValue(), TCIMValue(std::string(40, 'L')));
   EXPECT_EQ(instance->GetProperty("Count", fContext)->GetValue(), TCIMValue(2u));
+}
+
+// Slots are looked up by name whatever order the values come in, the declaration order that is
+// looked up fastest or any other, with names repeated, inherited or unknown in between.
+TEST_F(MemoryTest, ValuesLandInTheirOwnSlotsWhateverTheOrderTheyAreSetIn) {
+  auto base = MakeClass("Base", {}, {{"A", TCIMValue("a")}, {"B", TCIMValue("b")}});
+  auto derived = MakeClass("Derived", base, {{"C", TCIMValue("c")}, {"Cc", TCIMValue("cc")}});
+  const std::vector<std::string> orders[] = {
+      {"A", "B", "C", "Cc"}, {"Cc", "C", "B", "A"}, {"B", "B", "A", "Cc"}, {"C", "X", "A", "C"},
+      {"Cc", "X", "Cc", "B"}, {}};
+  for (const auto& order : orders) {
+    auto instance = MakeInstance(derived, {});
+    std::map<std::string, std::string> expected = {{"A", "a"}, {"B", "b"}, {"C", "c"}, {"Cc", "cc"}};
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      const std::string value = order[i] + std::to_string(i);
+      if (order[i] == "X") {
+        EXPECT_VYR_STATUS(instance->SetPropertyValue("X", TCIMValue(value), fContext),
+                          kVYRStatusNotFound);
+        continue;
+      }
+      instance->SetPropertyValue(order[i], TCIMValue(value), fContext);
+      expected[order[i]] = value;
+    }
+    Labels listed;
+    for (const auto& e : expected) {
+      listed.push_back(Label(instance->GetProperty(e.first, fContext)));
+    }
+    Labels wanted;
+    for (const auto& e : expected) wanted.push_back(e.first + "=" + e.second);
+    EXPECT_EQ(listed, wanted) << ::testing::PrintToString(order);
+  }
 }
 
 // Values live in slots numbered by name, so declarations made after the values were set must
