@@ -17,21 +17,21 @@ namespace {
 const std::string kAbsoluteText = "20040307090501.000250-300";
 const std::string kIntervalText = "00000003040000.000000:000";
 
-void BM_ParseAbsolute(benchmark::State& state, TZoneSetting zone) {
+void Parse(benchmark::State& state, TZoneSetting zone, const std::string& text) {
   TBenchZone scoped(zone);
   for (auto _ : state) {
-    TCIMDateTime value(kAbsoluteText);
+    TCIMDateTime value(text);
     benchmark::DoNotOptimize(value);
   }
+}
+
+void BM_ParseAbsolute(benchmark::State& state, TZoneSetting zone) {
+  Parse(state, zone, kAbsoluteText);
 }
 VYR_BENCHMARK_ZONES(BM_ParseAbsolute);
 
 void BM_ParseInterval(benchmark::State& state, TZoneSetting zone) {
-  TBenchZone scoped(zone);
-  for (auto _ : state) {
-    TCIMDateTime value(kIntervalText);
-    benchmark::DoNotOptimize(value);
-  }
+  Parse(state, zone, kIntervalText);
 }
 VYR_BENCHMARK_ZONES(BM_ParseInterval);
 

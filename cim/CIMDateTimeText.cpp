@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "cim/NumberText.h"
 #include "core/Fail.h"
 
 namespace NORXVYR20 {
@@ -45,8 +46,7 @@ char* WriteDecimal(char* out, unsigned long value, int width) {
 // Appends "1 day " or "3 days " style pieces; zero components are left out.
 void AppendComponent(std::string& out, unsigned long count, const char* unit) {
   if (count == 0) return;
-  char number[20];
-  out.append(number, WriteDecimal(number, count, 0));
+  detail::AppendUnsigned(out, count, 10, 0);
   out += ' ';
   out += unit;
   out += count == 1 ? " " : "s ";

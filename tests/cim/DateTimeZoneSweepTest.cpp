@@ -56,30 +56,26 @@ struct TFields {
 std::string WallClockText(long year, int month, int day, int hour, int minute, int second,
                           unsigned micros);
 
-// mktime of the record that validity and ordering use: minute less the offset, no DST.
-std::time_t OracleInstant(const TFields& f) {
+// mktime of the fields with the given minute, daylight saving 0.
+std::time_t Mktime(const TFields& f, int minute) {
   std::tm record = {};
   record.tm_year = f.year - 1900;
   record.tm_mon = f.month - 1;
   record.tm_mday = f.day;
   record.tm_hour = f.hour;
-  record.tm_min = f.minute - f.offset;
+  record.tm_min = minute;
   record.tm_sec = f.second;
   record.tm_isdst = 0;
   return std::mktime(&record);
 }
 
+// mktime of the record that validity and ordering use: minute less the offset, no DST.
+std::time_t OracleInstant(const TFields& f) { return Mktime(f, f.minute - f.offset); }
+
 // The wall clock of value + 0 interval: mktime without the offset, localtime, an hour back under
 // daylight saving time. Empty when localtime refuses or the year leaves 16 bits.
 std::string OracleSameWallClock(const TFields& f) {
-  std::tm record = {};
-  record.tm_year = f.year - 1900;
-  record.tm_mon = f.month - 1;
-  record.tm_mday = f.day;
-  record.tm_hour = f.hour;
-  record.tm_min = f.minute;
-  record.tm_sec = f.second;
-  const std::time_t instant = std::mktime(&record);
+  const std::time_t instant = Mktime(f, f.minute);
   if (instant == -1) return "refused";
   // The sum keeps the sign of the microsecond count on the microseconds and takes the magnitude
   // of the whole seconds, truncated toward zero.
