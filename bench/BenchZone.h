@@ -57,11 +57,13 @@ class TBenchZone {
   char* fBare[2] = {nullptr, nullptr};
 };
 
-// VYR_BENCHMARK_ZONES(fn): registers fn as "fn/TZ_unset", "fn/TZ_UTC" and
-// "fn/TZ_unset_bare_env"; fn takes the state and a TZoneSetting.
-#define VYR_BENCHMARK_ZONES(fn)                                       \
-  BENCHMARK_CAPTURE(fn, TZ_unset, TZoneSetting{nullptr, false});     \
-  BENCHMARK_CAPTURE(fn, TZ_UTC, TZoneSetting{"UTC", false});         \
-  BENCHMARK_CAPTURE(fn, TZ_unset_bare_env, TZoneSetting{nullptr, true})
+// VYR_BENCHMARK_ZONES(fn): registers fn as "fn/TZ_unset", "fn/TZ_UTC", "fn/TZ_unset_bare_env"
+// and "fn/TZ_Europe_Berlin" (a zone with daylight saving time and a history of changes); fn takes
+// the state and a TZoneSetting.
+#define VYR_BENCHMARK_ZONES(fn)                                            \
+  BENCHMARK_CAPTURE(fn, TZ_unset, TZoneSetting{nullptr, false});          \
+  BENCHMARK_CAPTURE(fn, TZ_UTC, TZoneSetting{"UTC", false});              \
+  BENCHMARK_CAPTURE(fn, TZ_unset_bare_env, TZoneSetting{nullptr, true});  \
+  BENCHMARK_CAPTURE(fn, TZ_Europe_Berlin, TZoneSetting{"Europe/Berlin", false})
 
 #endif

@@ -1,6 +1,6 @@
 // Date/time values: parse, text form and ordering, each with TZ unset (the system zone file), with
-// TZ=UTC, and with TZ unset in an otherwise empty environment (BenchZone.h says why). Run from
-// build/bench/: ./vyr_datetime_bench
+// TZ=UTC, with TZ unset in an otherwise empty environment (BenchZone.h says why) and in a zone with
+// daylight saving time. Run from build/bench/: ./vyr_datetime_bench
 #include <cstdlib>
 #include <string>
 
@@ -15,6 +15,9 @@ using namespace NORXVYR20;
 namespace {
 
 const std::string kAbsoluteText = "20040307090501.000250-300";
+// Summer: where a zone keeps daylight saving time, mktime (asked for standard time) looks for the
+// nearest standard time around it.
+const std::string kSummerText = "20040707090501.000250-300";
 const std::string kIntervalText = "00000003040000.000000:000";
 
 void Parse(benchmark::State& state, TZoneSetting zone, const std::string& text) {
@@ -29,6 +32,11 @@ void BM_ParseAbsolute(benchmark::State& state, TZoneSetting zone) {
   Parse(state, zone, kAbsoluteText);
 }
 VYR_BENCHMARK_ZONES(BM_ParseAbsolute);
+
+void BM_ParseAbsoluteInSummer(benchmark::State& state, TZoneSetting zone) {
+  Parse(state, zone, kSummerText);
+}
+VYR_BENCHMARK_ZONES(BM_ParseAbsoluteInSummer);
 
 void BM_ParseInterval(benchmark::State& state, TZoneSetting zone) {
   Parse(state, zone, kIntervalText);

@@ -1,6 +1,6 @@
 // The logger: entries kept in memory, and entries also written (and flushed) to a log file, with
-// TZ unset, TZ=UTC and TZ unset in an otherwise empty environment (BenchZone.h). Reported as items
-// per second. Run from build/bench/: ./vyr_logger_bench
+// TZ unset, TZ=UTC, TZ unset in an otherwise empty environment and TZ=Europe/Berlin (BenchZone.h).
+// Reported as items per second. Run from build/bench/: ./vyr_logger_bench
 #include <fcntl.h>
 #include <unistd.h>
 

@@ -3,7 +3,9 @@
 // Absolute date/times become instants through mktime with the daylight-saving flag 0, and
 // instants become calendar fields through localtime. Both follow the process's time zone. In a
 // zone with one fixed offset (LocalZone.h) the answers are computed from that offset, without a
-// call: mktime and localtime give exactly the same there. Elsewhere glibc answers. localtime's
+// call: mktime and localtime give exactly the same there. In a zone file with transitions the
+// zone's history answers wherever it can prove glibc's answer (ZoneHistory.h). Elsewhere glibc
+// answers. localtime's
 // result lives in process-wide storage: one thread at a time.
 #ifndef VYRCORE_CIM_LOCALCLOCK_H
 #define VYRCORE_CIM_LOCALCLOCK_H

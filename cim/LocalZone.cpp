@@ -8,6 +8,7 @@
 #include <string>
 
 #include "cim/CivilTime.h"
+#include "cim/ZoneHistory.h"
 #include "cim/ZoneSource.h"
 
 namespace NORXVYR20 {
@@ -113,7 +114,14 @@ class TZoneCache {
     }
     tzset();
     fZone = TLocalZone();
-    fZone.fOneOffset = HasOneOffset(tz) && AgreesWithGlibc(fZone);
+    TZoneFile file;
+    const EZoneSource source = ReadZoneSource(tz, file);
+    fZone.fOneOffset = HasOneOffset(tz, source, file) && AgreesWithGlibc(fZone);
+    fHistory = TZoneHistory();
+    if (fZone.fOneOffset || source != EZoneSource::kFile) return;
+    fHistory = TZoneHistory(file);
+    fHistory.Confirm();
+    if (!fHistory.Empty()) fZone.fHistory = &fHistory;
   }
 
   int fScopes = 0;  // TLocalZoneScopes alive
@@ -122,6 +130,7 @@ class TZoneCache {
   std::string fTzText;
   TFileIdentity fFile;
   std::int64_t fLastFileCheck = 0;
+  TZoneHistory fHistory;
   TLocalZone fZone;
 };
 

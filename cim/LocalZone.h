@@ -6,7 +6,8 @@
 // last (a getenv and a string compare: a change of TZ is followed at once) and, with TZ unset,
 // looks at the zone file's identity again only once the coarse monotonic clock has moved on by
 // kZoneFileRecheck since the last look. When either changed it calls tzset, so glibc reloads
-// too, and works out again whether the zone has one fixed offset. Process-wide state: one thread
+// too, and works out again whether the zone has one fixed offset or else which of its periods it
+// can answer for. Process-wide state: one thread
 // at a time, like the localtime it stands in for.
 #ifndef VYRCORE_CIM_LOCALZONE_H
 #define VYRCORE_CIM_LOCALZONE_H
@@ -15,6 +16,8 @@
 
 namespace NORXVYR20 {
 namespace detail {
+
+class TZoneHistory;
 
 // How long a replaced or re-mounted zone file may go unnoticed when TZ is unset.
 constexpr std::int64_t kZoneFileRecheckNanoseconds = 10 * 1000 * 1000;
@@ -28,6 +31,9 @@ struct TLocalZone {
   // glibc's `timezone` (seconds west, standard time) as it stands after a localtime call in a
   // zone with one offset.
   long fSecondsWest = 0;
+  // Any other zone read from a zone file: the periods between its transitions that glibc
+  // confirmed, which answer most conversions (ZoneHistory.h); nullptr when there are none.
+  const TZoneHistory* fHistory = nullptr;
 };
 
 const TLocalZone& CurrentLocalZone();

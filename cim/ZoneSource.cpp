@@ -16,13 +16,21 @@ namespace detail {
 
 namespace {
 
-enum class EZoneFile { kMissing, kOneOffset, kOther };
-
 constexpr std::size_t kHeaderSize = 44;
+// Far beyond any real zone (the largest holds a few hundred transitions and a few dozen types);
+// a header asking for more is not a zone file this reader takes.
+constexpr std::uint32_t kMostTransitions = 1u << 16;
+constexpr std::uint32_t kMostNameBytes = 1u << 12;
+constexpr std::size_t kMostFooterBytes = 1024;
 
 std::uint32_t BigEndian32(const unsigned char* bytes) {
   return (std::uint32_t{bytes[0]} << 24) | (std::uint32_t{bytes[1]} << 16) |
          (std::uint32_t{bytes[2]} << 8) | bytes[3];
+}
+
+std::int64_t BigEndian64(const unsigned char* bytes) {
+  return static_cast<std::int64_t>((std::uint64_t{BigEndian32(bytes)} << 32) |
+                                   BigEndian32(bytes + 4));
 }
 
 bool ReadExactly(int fd, unsigned char* buffer, std::size_t size) {
@@ -33,10 +41,6 @@ bool ReadExactly(int fd, unsigned char* buffer, std::size_t size) {
     done += static_cast<std::size_t>(got);
   }
   return true;
-}
-
-bool Skip(int fd, std::uint64_t bytes) {
-  return ::lseek(fd, static_cast<off_t>(bytes), SEEK_CUR) != static_cast<off_t>(-1);
 }
 
 // The counts of one TZif header: isutcnt, isstdcnt, leapcnt, timecnt, typecnt, charcnt.
@@ -52,35 +56,95 @@ bool ReadHeader(int fd, char& version, TCounts& counts) {
   version = static_cast<char>(header[4]);
   counts = {BigEndian32(header + 20), BigEndian32(header + 24), BigEndian32(header + 28),
             BigEndian32(header + 32), BigEndian32(header + 36), BigEndian32(header + 40)};
+  return counts.fTime <= kMostTransitions && counts.fLeap <= kMostTransitions &&
+         counts.fType >= 1 && counts.fType <= 256 && counts.fChar <= kMostNameBytes &&
+         counts.fIsStd <= 256 && counts.fIsUt <= 256;
+}
+
+// One data block: transition times of timeSize bytes, their type indexes, the types; the names,
+// leap seconds and indicators after them are skipped.
+bool ReadBlock(int fd, const TCounts& counts, std::size_t timeSize, TZoneFile& file) {
+  const std::size_t size = counts.fTime * (timeSize + 1) + counts.fType * 6 + counts.fChar +
+                           counts.fLeap * (timeSize + 4) + counts.fIsStd + counts.fIsUt;
+  std::vector<unsigned char> block(size);
+  if (!ReadExactly(fd, block.data(), size)) return false;
+  const unsigned char* p = block.data();
+  file.fTransitions.resize(counts.fTime);
+  for (std::int64_t& transition : file.fTransitions) {
+    transition = timeSize == 8 ? BigEndian64(p) : static_cast<std::int32_t>(BigEndian32(p));
+    p += timeSize;
+  }
+  file.fTypeAfter.assign(p, p + counts.fTime);
+  p += counts.fTime;
+  file.fTypes.resize(counts.fType);
+  for (TZoneFile::TType& type : file.fTypes) {
+    // glibc refuses a daylight-saving flag other than 0 or 1.
+    if (p[4] > 1) return false;
+    type = {static_cast<std::int32_t>(BigEndian32(p)), p[4] == 1};
+    p += 6;
+  }
+  file.fLeapSeconds = counts.fLeap;
+  for (std::size_t i = 0; i < file.fTransitions.size(); ++i) {
+    if (file.fTypeAfter[i] >= counts.fType) return false;
+    if (i > 0 && file.fTransitions[i] <= file.fTransitions[i - 1]) return false;
+  }
   return true;
 }
 
-// glibc reads the 64-bit block of a version 2 or later file and the 32-bit block otherwise; the
-// zone has one offset when that block has no transition, no leap second and a single type that
-// is not daylight saving time (with no transition, glibc gives every instant that type).
-EZoneFile ReadZoneFile(const std::string& path) {
-  UniqueFd fd;
-  fd.Reset(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!fd.IsValid()) return EZoneFile::kMissing;
-  char version = 0;
-  TCounts counts{};
-  if (!ReadHeader(fd.Get(), version, counts)) return EZoneFile::kOther;
-  if (version >= '2') {
-    const std::uint64_t firstBlock = counts.fTime * 5ull + counts.fType * 6ull + counts.fChar +
-                                     counts.fLeap * 8ull + counts.fIsStd + counts.fIsUt;
-    if (!Skip(fd.Get(), firstBlock) || !ReadHeader(fd.Get(), version, counts))
-      return EZoneFile::kOther;
+// The footer of a version 2 or later file: "\n", the rule, "\n", at the very end.
+bool ReadFooter(int fd, std::string& footer) {
+  unsigned char bytes[kMostFooterBytes + 3];
+  std::size_t size = 0;
+  for (;;) {
+    const ssize_t got =
+        RetryOnEintr([&] { return ::read(fd, bytes + size, sizeof bytes - size); });
+    if (got < 0) return false;
+    if (got == 0) break;
+    size += static_cast<std::size_t>(got);
+    if (size == sizeof bytes) return false;
   }
-  if (counts.fTime != 0 || counts.fLeap != 0 || counts.fType != 1) return EZoneFile::kOther;
-  unsigned char type[6];
-  if (!ReadExactly(fd.Get(), type, sizeof type)) return EZoneFile::kOther;
-  return type[4] == 0 ? EZoneFile::kOneOffset : EZoneFile::kOther;
+  if (size < 2 || bytes[0] != '\n' || bytes[size - 1] != '\n') return false;
+  footer.assign(reinterpret_cast<const char*>(bytes) + 1, size - 2);
+  return footer.find('\n') == std::string::npos && footer.find('\0') == std::string::npos;
 }
 
-// A POSIX rule with a standard part only: a name of three or more letters (or "<...>" quoting
-// three or more letters, digits and signs), then an offset [+-]hh[:mm[:ss]], then nothing.
-// Stricter than glibc's reader on purpose: whatever this accepts, glibc reads as one offset.
-bool IsStandardOnlyRule(const char* rule) {
+// glibc reads the 64-bit block and the footer of a version 2 or later file and the 32-bit block
+// otherwise.
+EZoneSource ReadZoneFile(const std::string& path, TZoneFile& file) {
+  UniqueFd fd;
+  fd.Reset(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!fd.IsValid()) return EZoneSource::kRule;
+  char version = 0;
+  TCounts counts{};
+  if (!ReadHeader(fd.Get(), version, counts)) return EZoneSource::kUnreadable;
+  if (version < '2')
+    return ReadBlock(fd.Get(), counts, 4, file) ? EZoneSource::kFile : EZoneSource::kUnreadable;
+  TZoneFile skipped;
+  if (!ReadBlock(fd.Get(), counts, 4, skipped) || !ReadHeader(fd.Get(), version, counts) ||
+      !ReadBlock(fd.Get(), counts, 8, file) || !ReadFooter(fd.Get(), file.fFooter))
+    return EZoneSource::kUnreadable;
+  return EZoneSource::kFile;
+}
+
+}  // namespace
+
+EZoneSource ReadZoneSource(const char* tz, TZoneFile& file) {
+  if (tz && *tz == '\0') tz = "Universal";
+  if (tz && *tz == ':') ++tz;
+  const bool systemDefault = !tz || *tz == '\0';
+  std::string path = systemDefault ? "/etc/localtime" : tz;
+  if (path[0] != '/') {
+    const char* directory = std::getenv("TZDIR");
+    path = std::string(directory && *directory ? directory : "/usr/share/zoneinfo") + "/" + path;
+  }
+  file = TZoneFile();
+  const EZoneSource source = ReadZoneFile(path, file);
+  // No zone file: glibc falls back to UTC for the system default, and reads a POSIX rule else.
+  if (source == EZoneSource::kRule && systemDefault) return EZoneSource::kDefaultUtc;
+  return source;
+}
+
+bool StandardOnlyRule(const char* rule, std::int32_t& east) {
   const char* p = rule;
   const char* nameStart = p;
   if (*p == '<') {
@@ -92,37 +156,40 @@ bool IsStandardOnlyRule(const char* rule) {
     while (std::isalpha(static_cast<unsigned char>(*p))) ++p;
     if (p - nameStart < 3) return false;
   }
+  // POSIX counts the offset west of UTC; glibc caps hours at 24 and minutes and seconds at 59.
+  const int sign = *p == '-' ? -1 : 1;
   if (*p == '+' || *p == '-') ++p;
+  const int caps[] = {24, 59, 59};
+  const int unitSeconds[] = {3600, 60, 1};
+  std::int32_t west = 0;
   for (int part = 0; part < 3; ++part) {
     if (part > 0) {
       if (*p != ':') break;
       ++p;
     }
-    int digits = 0;
-    while (std::isdigit(static_cast<unsigned char>(*p)) && digits < 2) ++p, ++digits;
+    int digits = 0, value = 0;
+    while (std::isdigit(static_cast<unsigned char>(*p)) && digits < 2)
+      value = value * 10 + (*p++ - '0'), ++digits;
     if (digits == 0) return false;
+    west += (value < caps[part] ? value : caps[part]) * unitSeconds[part];
   }
-  return *p == '\0';
+  if (*p != '\0') return false;
+  east = -sign * west;
+  return true;
 }
 
-}  // namespace
-
-bool HasOneOffset(const char* tz) {
-  if (tz && *tz == '\0') tz = "Universal";
-  if (tz && *tz == ':') ++tz;
-  const bool systemDefault = !tz || *tz == '\0';
-  std::string path = systemDefault ? "/etc/localtime" : tz;
-  if (path[0] != '/') {
-    const char* directory = std::getenv("TZDIR");
-    path = std::string(directory && *directory ? directory : "/usr/share/zoneinfo") + "/" + path;
+bool HasOneOffset(const char* tz, EZoneSource source, const TZoneFile& file) {
+  std::int32_t east = 0;
+  switch (source) {
+    // With no transition glibc gives every instant the first type; no leap second may move it.
+    case EZoneSource::kFile:
+      return file.fTransitions.empty() && file.fLeapSeconds == 0 && file.fTypes.size() == 1 &&
+             !file.fTypes[0].fDaylight;
+    case EZoneSource::kRule: return StandardOnlyRule(tz[0] == ':' ? tz + 1 : tz, east);
+    case EZoneSource::kDefaultUtc: return true;
+    case EZoneSource::kUnreadable: return false;
   }
-  switch (ReadZoneFile(path)) {
-    case EZoneFile::kOneOffset: return true;
-    case EZoneFile::kOther: return false;
-    case EZoneFile::kMissing: break;
-  }
-  // No zone file: glibc falls back to UTC for the system default, and reads a POSIX rule else.
-  return systemDefault || IsStandardOnlyRule(tz);
+  return false;
 }
 
 }  // namespace detail

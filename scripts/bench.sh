@@ -4,7 +4,8 @@
 # program, e.g. --benchmark_repetitions=5 --benchmark_report_aggregates_only=true, or
 # --benchmark_filter=... to pick figures.
 # TZ is UTC unless the caller sets it; the date/time and logger programs set their own zone
-# settings (TZ unset, TZ=UTC, TZ unset in an otherwise empty environment), whatever the caller's.
+# settings (TZ unset, TZ=UTC, TZ unset in an otherwise empty environment, TZ=Europe/Berlin),
+# whatever the caller's.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

@@ -8,10 +8,10 @@
 /// body (the precision flag excepted). Failures throw TVYRException(kVYRStatusInvalidDateTime).
 /// Validity, ordering and arithmetic of absolute values go through the platform's mktime and
 /// localtime, so they follow the process's time zone (TZ): a change of TZ counts from the next
-/// operation. With TZ unset and a system zone of one fixed offset (UTC, say), the answers are
-/// computed from that offset without a platform call, and a replaced or re-mounted system zone
-/// file is noticed within 10 ms rather than at the next operation. One thread at a time; callers
-/// serialise.
+/// operation. Where the zone is read from a zone file, most answers are computed from that file's
+/// offsets without a platform call, and are the answers the platform gives; with TZ unset, a
+/// replaced or re-mounted system zone file is noticed within 10 ms rather than at the next
+/// operation. One thread at a time; callers serialise.
 #ifndef VYRCORE_CIMDATETIME_H
 #define VYRCORE_CIMDATETIME_H
 

@@ -1,0 +1,139 @@
+#include "cim/ZoneHistory.h"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+
+namespace NORXVYR20 {
+namespace detail {
+
+namespace {
+
+// Transitions further out than this (zic writes -2^59 for "the beginning of time") are beyond
+// every year localtime can give, and keeping to them keeps the margin arithmetic from overflowing.
+constexpr std::int64_t kFarthestTransition = std::int64_t{1} << 60;
+
+// Instants far out on the open ends (years 1 and 1000 before, 2500 and 9999 after), where
+// localtime must still read the period's type if the zone is what this history says.
+const std::int64_t kFarPast[] = {-62135596800, -30610224000};
+const std::int64_t kFarFuture[] = {16725225600, 253402300799};
+
+TZonePeriod PeriodOf(const TZoneFile::TType& type) {
+  TZonePeriod period;
+  period.fEast = type.fEast;
+  period.fDaylight = type.fDaylight;
+  return period;
+}
+
+}  // namespace
+
+TZoneHistory::TZoneHistory(const TZoneFile& file) {
+  if (file.fLeapSeconds != 0 || file.fTransitions.empty() ||
+      file.fTransitions.front() < -kFarthestTransition ||
+      file.fTransitions.back() > kFarthestTransition)
+    return;
+  for (const TZoneFile::TType& type : file.fTypes)
+    if (type.fEast > kLargestOffset || type.fEast < -kLargestOffset) return;
+  const auto standard = std::find_if(file.fTypes.begin(), file.fTypes.end(),
+                                     [](const TZoneFile::TType& type) { return !type.fDaylight; });
+  fStarts.push_back(std::numeric_limits<std::int64_t>::min());
+  fPeriods.push_back(PeriodOf(standard != file.fTypes.end() ? *standard : file.fTypes[0]));
+  for (std::size_t i = 0; i < file.fTransitions.size(); ++i) {
+    fStarts.push_back(file.fTransitions[i]);
+    fPeriods.push_back(PeriodOf(file.fTypes[file.fTypeAfter[i]]));
+  }
+  if (file.fFooter.empty()) return;
+  std::int32_t east = 0;
+  if (StandardOnlyRule(file.fFooter.c_str(), east) && east <= kLargestOffset &&
+      east >= -kLargestOffset)
+    fPeriods.back() = PeriodOf(TZoneFile::TType{east, false});
+  else
+    fLastFollowsRule = true;
+}
+
+void TZoneHistory::Confirm() {
+  const std::size_t last = fPeriods.size() - 1;
+  for (std::size_t i = 0; i < fPeriods.size(); ++i) {
+    TZonePeriod& period = fPeriods[i];
+    period.fKnown = false;
+    if (i == last && fLastFollowsRule) continue;
+    std::vector<std::int64_t> probes;
+    if (i == 0)
+      probes.assign(std::begin(kFarPast), std::end(kFarPast));
+    else
+      probes.push_back(fStarts[i]);
+    if (i < last)
+      probes.push_back(fStarts[i + 1] - 1);
+    else
+      probes.insert(probes.end(), std::begin(kFarFuture), std::end(kFarFuture));
+    bool asked = false, refused = false;
+    for (const std::int64_t probe : probes) {
+      if (probe < fStarts[i] || (i < last && probe >= fStarts[i + 1])) continue;
+      const std::time_t instant = static_cast<std::time_t>(probe);
+      std::tm fields;
+      if (!localtime_r(&instant, &fields)) {
+        refused = true;  // years localtime cannot give: glibc answers there itself
+        continue;
+      }
+      const std::int32_t secondsWest = static_cast<std::int32_t>(timezone);
+      if (fields.tm_gmtoff != period.fEast || fields.tm_isdst != (period.fDaylight ? 1 : 0) ||
+          (asked && secondsWest != period.fSecondsWest)) {
+        fStarts.clear();
+        fPeriods.clear();
+        return;
+      }
+      period.fSecondsWest = secondsWest;
+      asked = true;
+    }
+    period.fKnown = asked && !refused;
+  }
+}
+
+std::size_t TZoneHistory::IndexOf(std::int64_t instant) const {
+  return static_cast<std::size_t>(std::upper_bound(fStarts.begin(), fStarts.end(), instant) -
+                                  fStarts.begin()) -
+         1;
+}
+
+const TZonePeriod* TZoneHistory::Find(std::int64_t instant) const {
+  const TZonePeriod& period = fPeriods[IndexOf(instant)];
+  return period.fKnown ? &period : nullptr;
+}
+
+bool TZoneHistory::Instant(std::int64_t wallSeconds, std::int64_t& instant) const {
+  // The wall clock read as an instant lies within a day of the instant sought, so it falls in the
+  // period sought whenever that instant lies kSearchMargin inside it.
+  const std::size_t index = IndexOf(wallSeconds);
+  const TZonePeriod& period = fPeriods[index];
+  if (!period.fKnown) return false;
+  const std::int64_t found = wallSeconds - period.fEast;
+  const bool hasStart = index > 0, hasEnd = index + 1 < fPeriods.size();
+  if ((hasStart && found - fStarts[index] < kSearchMargin) ||
+      (hasEnd && fStarts[index + 1] - found <= kSearchMargin))
+    return false;
+  if (!period.fDaylight) {
+    instant = found;
+    return true;
+  }
+  // Daylight saving time: mktime's probes stay in this period until the first step that leaves
+  // it on either side, and from there take the offset of the first standard time they meet,
+  // earlier side first.
+  std::int64_t step = kMostProbes + 1;
+  if (hasStart) step = std::min(step, (found - fStarts[index]) / kProbeStride + 1);
+  if (hasEnd)
+    step = std::min(step, (fStarts[index + 1] - found + kProbeStride - 1) / kProbeStride);
+  for (; step <= kMostProbes; ++step) {
+    for (const std::int64_t direction : {-1, 1}) {
+      const TZonePeriod* probed = Find(found + direction * step * kProbeStride);
+      if (!probed) return false;
+      if (probed->fDaylight) continue;
+      instant = wallSeconds - probed->fEast;
+      // mktime reads its answer with localtime once more, and gives up if that fails.
+      return Find(instant) != nullptr;
+    }
+  }
+  return false;
+}
+
+}  // namespace detail
+}  // namespace NORXVYR20
