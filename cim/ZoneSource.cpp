@@ -108,8 +108,8 @@ bool ReadFooter(int fd, std::string& footer) {
   return footer.find('\n') == std::string::npos && footer.find('\0') == std::string::npos;
 }
 
-// glibc reads the 64-bit block and the footer of a version 2 or later file and the 32-bit block
-// otherwise.
+// glibc reads the 64-bit block and the footer of a file of any version but the first (whose
+// version byte is NUL), and the 32-bit block of a first-version file.
 EZoneSource ReadZoneFile(const std::string& path, TZoneFile& file) {
   UniqueFd fd;
   fd.Reset(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
@@ -117,7 +117,7 @@ EZoneSource ReadZoneFile(const std::string& path, TZoneFile& file) {
   char version = 0;
   TCounts counts{};
   if (!ReadHeader(fd.Get(), version, counts)) return EZoneSource::kUnreadable;
-  if (version < '2')
+  if (version == '\0')
     return ReadBlock(fd.Get(), counts, 4, file) ? EZoneSource::kFile : EZoneSource::kUnreadable;
   TZoneFile skipped;
   if (!ReadBlock(fd.Get(), counts, 4, skipped) || !ReadHeader(fd.Get(), version, counts) ||

@@ -12,7 +12,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-targets=(datetime objectpath value xml)
+targets=(datetime objectpath value xml zonefile)
 options=("$@")
 [ ${#options[@]} -gt 0 ] || options=(-max_total_time=20)
 jobs=$(nproc 2>/dev/null || echo 2)
