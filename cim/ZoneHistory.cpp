@@ -87,12 +87,67 @@ void TZoneHistory::Confirm() {
     }
     period.fKnown = asked && !refused;
   }
+  for (std::size_t i = 1; i + 1 < fPeriods.size(); ++i) NoteStandardAround(i);
+  BuildBuckets();
+}
+
+void TZoneHistory::NoteStandardAround(std::size_t index) {
+  TZonePeriod& period = fPeriods[index];
+  const TZonePeriod& before = fPeriods[index - 1];
+  const TZonePeriod& after = fPeriods[index + 1];
+  if (!period.fKnown || !period.fDaylight || !before.fKnown || before.fDaylight || !after.fKnown ||
+      after.fDaylight || before.fEast != after.fEast)
+    return;
+  const bool beforeLongEnough = index == 1 || fStarts[index] - fStarts[index - 1] >= kProbeStride;
+  const bool afterLongEnough =
+      index + 2 == fPeriods.size() || fStarts[index + 2] - fStarts[index + 1] >= kProbeStride;
+  if (!beforeLongEnough || !afterLongEnough ||
+      fStarts[index + 1] - fStarts[index] > kMostProbes * kProbeStride)
+    return;
+  period.fStandardAround = true;
+  period.fStandardEast = before.fEast;
+}
+
+void TZoneHistory::BuildBuckets() {
+  fBuckets.clear();
+  if (fStarts.size() < 3 || fStarts.size() > UINT16_MAX) return;
+  fBucketBase = fStarts[1];
+  fBucketSpan = static_cast<std::uint64_t>(fStarts.back() - fBucketBase);
+  const std::uint64_t count = (fBucketSpan >> kBucketShift) + 1;
+  if (count > kMostBuckets) return;
+  std::vector<std::uint16_t> buckets(count);
+  std::size_t index = 1;
+  for (std::uint64_t bucket = 0; bucket < count; ++bucket) {
+    const std::int64_t start = fBucketBase + static_cast<std::int64_t>(bucket << kBucketShift);
+    while (index + 1 < fStarts.size() && fStarts[index + 1] <= start) ++index;
+    buckets[bucket] = static_cast<std::uint16_t>(index);
+    // The transitions a lookup in this bucket may have to step over.
+    std::size_t inside = 0;
+    const std::int64_t end = start + (std::int64_t{1} << kBucketShift);
+    for (std::size_t next = index + 1; next < fStarts.size() && fStarts[next] < end; ++next)
+      if (++inside > kMostTransitionsPerBucket) return;
+  }
+  fBuckets.swap(buckets);
 }
 
 std::size_t TZoneHistory::IndexOf(std::int64_t instant) const {
-  return static_cast<std::size_t>(std::upper_bound(fStarts.begin(), fStarts.end(), instant) -
-                                  fStarts.begin()) -
-         1;
+  // Unsigned, so that an instant before the base wraps to beyond the span.
+  const std::uint64_t offset =
+      static_cast<std::uint64_t>(instant) - static_cast<std::uint64_t>(fBucketBase);
+  if (!fBuckets.empty() && offset < fBucketSpan) {
+    std::size_t index = fBuckets[offset >> kBucketShift];
+    while (fStarts[index + 1] <= instant) ++index;
+    return index;
+  }
+  // The last start not after instant (fStarts[0] is before every instant), by halving without a
+  // branch on the comparison: instants from a collection are in no order a predictor could learn.
+  const std::int64_t* first = fStarts.data();
+  for (std::size_t count = fStarts.size(); count > 1;) {
+    const std::size_t half = count / 2;
+    first = first[half] <= instant ? first + half : first;
+    count -= half;
+  }
+  return static_cast<std::size_t>(first - fStarts.data());
 }
 
 const TZonePeriod* TZoneHistory::Find(std::int64_t instant) const {
@@ -113,6 +168,11 @@ bool TZoneHistory::Instant(std::int64_t wallSeconds, std::int64_t& instant) cons
     return false;
   if (!period.fDaylight) {
     instant = found;
+    return true;
+  }
+  if (period.fStandardAround) {
+    // Within a day or two of found, so inside this confirmed period: localtime reads it.
+    instant = wallSeconds - period.fStandardEast;
     return true;
   }
   // Daylight saving time: mktime's probes stay in this period until the first step that leaves

@@ -34,6 +34,11 @@ struct TZonePeriod {
   std::int32_t fSecondsWest = 0;  // glibc's `timezone` after a localtime in this period
   bool fDaylight = false;
   bool fKnown = false;  // confirmed by glibc
+  // Daylight saving time between two confirmed standard-time periods of one offset, each at least
+  // a probe stride long, and itself short enough for mktime's probes to leave: wherever mktime
+  // starts probing here it meets that offset first (fStandardEast).
+  bool fStandardAround = false;
+  std::int32_t fStandardEast = 0;
 };
 
 class TZoneHistory {
@@ -64,10 +69,22 @@ class TZoneHistory {
 
  private:
   std::size_t IndexOf(std::int64_t instant) const;
+  void NoteStandardAround(std::size_t index);
+  void BuildBuckets();
+
+  // Period lookup in two steps: the period holding the start of the instant's bucket, then the
+  // few transitions inside the bucket. Only for instants from the first transition to the last;
+  // outside them, and for files whose transitions crowd a bucket or span too many, halving.
+  static constexpr int kBucketShift = 21;  // buckets of about 24 days
+  static constexpr std::size_t kMostBuckets = std::size_t{1} << 16;
+  static constexpr std::size_t kMostTransitionsPerBucket = 4;
 
   std::vector<std::int64_t> fStarts;  // fStarts[0] is the smallest int64
   std::vector<TZonePeriod> fPeriods;
   bool fLastFollowsRule = false;  // a footer with daylight saving time: never confirmed
+  std::int64_t fBucketBase = 0;   // the first transition
+  std::uint64_t fBucketSpan = 0;  // from it to the last transition
+  std::vector<std::uint16_t> fBuckets;
 };
 
 }  // namespace detail
