@@ -180,8 +180,7 @@ bool TZoneHistory::Instant(std::int64_t wallSeconds, std::int64_t& instant) cons
   // earlier side first.
   std::int64_t step = kMostProbes + 1;
   if (hasStart) step = std::min(step, (found - fStarts[index]) / kProbeStride + 1);
-  if (hasEnd)
-    step = std::min(step, (fStarts[index + 1] - found + kProbeStride - 1) / kProbeStride);
+  if (hasEnd) step = std::min(step, (fStarts[index + 1] - found + kProbeStride - 1) / kProbeStride);
   for (; step <= kMostProbes; ++step) {
     for (const std::int64_t direction : {-1, 1}) {
       const TZonePeriod* probed = Find(found + direction * step * kProbeStride);

@@ -10,14 +10,15 @@
 // single disagreement leaves the whole zone to glibc.
 //
 // mktime with daylight saving 0 first searches for the instant whose local time reads the wall
-// clock, starting from the offset of its previous answer: its first step lands on the wall clock
-// less the offset at its starting guess, within 26 hours of every instant that reads the wall
-// clock. So when wall - offset lies more than kSearchMargin (over twice that) inside the period
-// whose offset it uses, the search ends there, and nowhere else could. When that period is daylight saving
-// time, mktime then probes kProbeStride apart alternately before and after it for the nearest
-// standard time and takes that offset instead. Instant answers exactly those two cases; wall
-// clocks near a transition (where the search's end depends on the offset it started from) are
-// left to glibc. Read-only after Confirm; any thread.
+// clock, starting from the offset of its previous answer. Its first step lands on the wall clock
+// less some offset of this zone, and every offset here is within 26 hours of UTC, so it lands
+// within 52 hours of wall - offset for each of them. When wall - offset lies more than
+// kSearchMargin inside the period that has that offset, the search therefore lands in that
+// period and ends there, and could end nowhere else. When that period is daylight saving time,
+// mktime then probes kProbeStride apart, alternately before and after, for the nearest standard
+// time and takes its offset instead. Instant answers exactly those two cases; wall clocks near a
+// transition (where the search's end can depend on the offset it started from) are left to
+// glibc. Read-only after Confirm; any thread.
 #ifndef VYRCORE_CIM_ZONEHISTORY_H
 #define VYRCORE_CIM_ZONEHISTORY_H
 

@@ -39,7 +39,8 @@ const std::string& ZonePath() {
 
 void WriteZone(const void* data, std::size_t size) {
   const int fd = std::atoi(ZonePath().c_str() + std::string("/proc/self/fd/").size());
-  if (ftruncate(fd, 0) != 0 || (size > 0 && pwrite(fd, data, size, 0) != static_cast<ssize_t>(size)))
+  if (ftruncate(fd, 0) != 0 ||
+      (size > 0 && pwrite(fd, data, size, 0) != static_cast<ssize_t>(size)))
     std::abort();
 }
 
@@ -50,7 +51,8 @@ void Append32(std::string& out, std::uint32_t value) {
 std::string Header(std::uint32_t transitions, std::uint32_t types) {
   std::string header("TZif2");
   header.append(15, '\0');
-  for (const std::uint32_t count : {0u, 0u, 0u, transitions, types, types * 4}) Append32(header, count);
+  for (const std::uint32_t count : {0u, 0u, 0u, transitions, types, types * 4})
+    Append32(header, count);
   return header;
 }
 
@@ -72,12 +74,14 @@ std::string WellFormed(const TZoneFile& file) {
     out += static_cast<char>(i * 4);
   }
   for (std::uint32_t i = 0; i < types; ++i) {
-    const char name[4] = {'A', static_cast<char>('0' + i / 16), static_cast<char>('a' + i % 16), '\0'};
+    const char name[4] = {'A', static_cast<char>('0' + i / 16), static_cast<char>('a' + i % 16),
+                          '\0'};
     out.append(name, 4);
   }
   std::int32_t east = 0;
   const bool oneOffset = StandardOnlyRule(file.fFooter.c_str(), east);
-  out += "\n" + (file.fFooter.empty() || oneOffset ? file.fFooter : "CET-1CEST,M3.5.0,M10.5.0/3") + "\n";
+  out += "\n" + (file.fFooter.empty() || oneOffset ? file.fFooter : "CET-1CEST,M3.5.0,M10.5.0/3") +
+         "\n";
   return out;
 }
 

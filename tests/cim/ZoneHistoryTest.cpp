@@ -189,13 +189,15 @@ TEST(ZoneHistoryTest, AgreesWithLocaltimeAndMktimeInEveryInstalledZone) {
         if (!period) continue;
         const std::int64_t margin = TZoneHistory::kSearchMargin;
         for (const std::int64_t away : {std::int64_t{0}, margin - 1, margin, margin + 1})
-          for (const int sign : {-1, 1}) check.Instant(side + period->fEast + sign * away, instants);
+          for (const int sign : {-1, 1})
+            check.Instant(side + period->fEast + sign * away, instants);
       }
       // Inside a daylight-saving period, where mktime looks for the nearest standard time:
       // about once a week, at a random time of day.
       const TZonePeriod* period = history.Find(t);
       if (!period || !period->fDaylight || i + 1 == transitions.size()) continue;
-      for (std::int64_t at = t + 86400; at < transitions[i + 1]; at += 6 * 86400 + random() % 86400) {
+      for (std::int64_t at = t + 86400; at < transitions[i + 1];
+           at += 6 * 86400 + random() % 86400) {
         check.BreakDown(at, breakDowns);
         check.Instant(at + period->fEast, instants);
       }
