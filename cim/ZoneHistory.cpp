@@ -55,19 +55,21 @@ void TZoneHistory::Confirm() {
   const std::size_t last = fPeriods.size() - 1;
   for (std::size_t i = 0; i < fPeriods.size(); ++i) {
     TZonePeriod& period = fPeriods[i];
-    period.fKnown = false;
     if (i == last && fLastFollowsRule) continue;
-    std::vector<std::int64_t> probes;
+    // Its first and last second; on an open end, the far instants instead.
+    std::int64_t probes[4];
+    std::size_t count = 0;
     if (i == 0)
-      probes.assign(std::begin(kFarPast), std::end(kFarPast));
+      for (const std::int64_t far : kFarPast) probes[count++] = far;
     else
-      probes.push_back(fStarts[i]);
+      probes[count++] = fStarts[i];
     if (i < last)
-      probes.push_back(fStarts[i + 1] - 1);
+      probes[count++] = fStarts[i + 1] - 1;
     else
-      probes.insert(probes.end(), std::begin(kFarFuture), std::end(kFarFuture));
+      for (const std::int64_t far : kFarFuture) probes[count++] = far;
     bool asked = false, refused = false;
-    for (const std::int64_t probe : probes) {
+    for (std::size_t k = 0; k < count; ++k) {
+      const std::int64_t probe = probes[k];
       if (probe < fStarts[i] || (i < last && probe >= fStarts[i + 1])) continue;
       const std::time_t instant = static_cast<std::time_t>(probe);
       std::tm fields;

@@ -61,11 +61,16 @@ bool ReadHeader(int fd, char& version, TCounts& counts) {
          counts.fIsStd <= 256 && counts.fIsUt <= 256;
 }
 
+// The bytes of one data block whose transition times are timeSize bytes wide.
+std::size_t BlockSize(const TCounts& counts, std::size_t timeSize) {
+  return counts.fTime * (timeSize + 1) + counts.fType * 6 + counts.fChar +
+         counts.fLeap * (timeSize + 4) + counts.fIsStd + counts.fIsUt;
+}
+
 // One data block: transition times of timeSize bytes, their type indexes, the types; the names,
 // leap seconds and indicators after them are skipped.
 bool ReadBlock(int fd, const TCounts& counts, std::size_t timeSize, TZoneFile& file) {
-  const std::size_t size = counts.fTime * (timeSize + 1) + counts.fType * 6 + counts.fChar +
-                           counts.fLeap * (timeSize + 4) + counts.fIsStd + counts.fIsUt;
+  const std::size_t size = BlockSize(counts, timeSize);
   std::vector<unsigned char> block(size);
   if (!ReadExactly(fd, block.data(), size)) return false;
   const unsigned char* p = block.data();
@@ -119,18 +124,24 @@ EZoneSource ReadZoneFile(const std::string& path, TZoneFile& file) {
   if (!ReadHeader(fd.Get(), version, counts)) return EZoneSource::kUnreadable;
   if (version == '\0')
     return ReadBlock(fd.Get(), counts, 4, file) ? EZoneSource::kFile : EZoneSource::kUnreadable;
-  TZoneFile skipped;
-  if (!ReadBlock(fd.Get(), counts, 4, skipped) || !ReadHeader(fd.Get(), version, counts) ||
+  // glibc passes over the 32-bit block unread, and so does this.
+  if (::lseek(fd.Get(), static_cast<off_t>(BlockSize(counts, 4)), SEEK_CUR) == -1 ||
+      !ReadHeader(fd.Get(), version, counts) ||
       !ReadBlock(fd.Get(), counts, 8, file) || !ReadFooter(fd.Get(), file.fFooter))
     return EZoneSource::kUnreadable;
   return EZoneSource::kFile;
 }
 
+// The name glibc looks TZ up by: "" means "Universal", and a leading ":" is dropped.
+const char* GlibcZoneName(const char* tz) {
+  if (tz && *tz == '\0') return "Universal";
+  return tz && *tz == ':' ? tz + 1 : tz;
+}
+
 }  // namespace
 
 EZoneSource ReadZoneSource(const char* tz, TZoneFile& file) {
-  if (tz && *tz == '\0') tz = "Universal";
-  if (tz && *tz == ':') ++tz;
+  tz = GlibcZoneName(tz);
   const bool systemDefault = !tz || *tz == '\0';
   std::string path = systemDefault ? "/etc/localtime" : tz;
   if (path[0] != '/') {
@@ -185,7 +196,7 @@ bool HasOneOffset(const char* tz, EZoneSource source, const TZoneFile& file) {
     case EZoneSource::kFile:
       return file.fTransitions.empty() && file.fLeapSeconds == 0 && file.fTypes.size() == 1 &&
              !file.fTypes[0].fDaylight;
-    case EZoneSource::kRule: return StandardOnlyRule(tz[0] == ':' ? tz + 1 : tz, east);
+    case EZoneSource::kRule: return StandardOnlyRule(GlibcZoneName(tz), east);
     case EZoneSource::kDefaultUtc: return true;
     case EZoneSource::kUnreadable: return false;
   }

@@ -27,18 +27,25 @@ using namespace NORXVYR20::detail;
 
 namespace {
 
-// The file the input is written to, named by its /proc path as TZ names it.
-const std::string& ZonePath() {
-  static const std::string path = [] {
+// The file the input is written to, and its /proc path, which TZ names it by.
+struct TZoneFileSlot {
+  int fFd;
+  std::string fPath;
+};
+
+const TZoneFileSlot& Slot() {
+  static const TZoneFileSlot slot = [] {
     const int fd = memfd_create("zone", 0);
     if (fd < 0) std::abort();
-    return "/proc/self/fd/" + std::to_string(fd);
+    return TZoneFileSlot{fd, "/proc/self/fd/" + std::to_string(fd)};
   }();
-  return path;
+  return slot;
 }
 
+const char* ZonePath() { return Slot().fPath.c_str(); }
+
 void WriteZone(const void* data, std::size_t size) {
-  const int fd = std::atoi(ZonePath().c_str() + std::string("/proc/self/fd/").size());
+  const int fd = Slot().fFd;
   if (ftruncate(fd, 0) != 0 ||
       (size > 0 && pwrite(fd, data, size, 0) != static_cast<ssize_t>(size)))
     std::abort();
@@ -89,7 +96,7 @@ std::string WellFormed(const TZoneFile& file) {
 void LoadInGlibc() {
   setenv("TZ", "UTC", 1);
   tzset();
-  setenv("TZ", ZonePath().c_str(), 1);
+  setenv("TZ", ZonePath(), 1);
   tzset();
 }
 
@@ -119,13 +126,13 @@ void CheckInstant(const TZoneHistory& history, std::int64_t wall) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   WriteZone(data, size);
   TZoneFile file;
-  if (ReadZoneSource(ZonePath().c_str(), file) != EZoneSource::kFile) return 0;
+  if (ReadZoneSource(ZonePath(), file) != EZoneSource::kFile) return 0;
   TZoneHistory history(file);
   if (history.Empty()) return 0;
   const std::string wellFormed = WellFormed(file);
   WriteZone(wellFormed.data(), wellFormed.size());
   TZoneFile reread;
-  VYR_FUZZ_CHECK(ReadZoneSource(ZonePath().c_str(), reread) == EZoneSource::kFile);
+  VYR_FUZZ_CHECK(ReadZoneSource(ZonePath(), reread) == EZoneSource::kFile);
   VYR_FUZZ_CHECK(reread.fTransitions == file.fTransitions && reread.fTypeAfter == file.fTypeAfter &&
                  reread.fTypes.size() == file.fTypes.size());
   LoadInGlibc();

@@ -19,6 +19,7 @@
 #include <vyrcore/CIMDateTime.h>
 #include <vyrcore/OSSpecific.h>
 
+#include "ZoneTransitions.h"
 #include "support/TestSupport.h"
 
 using namespace NORXVYR20;
@@ -225,27 +226,6 @@ void SweepDays(TMismatches& mismatches) {
   }
 }
 
-// The instants where the zone's offset or daylight-saving flag changes, 1900 to 2100.
-std::vector<std::time_t> Transitions() {
-  std::vector<std::time_t> found;
-  auto state = [](std::time_t t) {
-    std::tm fields;
-    localtime_r(&t, &fields);
-    return fields.tm_gmtoff * 2 + (fields.tm_isdst > 0);
-  };
-  const std::time_t from = -2208988800, to = 4102444800, step = 86400;
-  for (std::time_t t = from; t < to; t += step) {
-    if (state(t) == state(t + step)) continue;
-    std::time_t low = t, high = t + step;  // state(low) differs from state(high)
-    while (high - low > 1) {
-      const std::time_t middle = low + (high - low) / 2;
-      (state(middle) == state(low) ? low : high) = middle;
-    }
-    found.push_back(high);
-  }
-  return found;
-}
-
 // Around every transition: the wall clocks of both sides every 20 minutes over six hours, and the
 // seconds next to both readings of the transition instant.
 void SweepTransitions(TMismatches& mismatches) {
@@ -256,7 +236,8 @@ void SweepTransitions(TMismatches& mismatches) {
     return TFields{utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min,
                    utc.tm_sec, 0, 0};
   };
-  for (const std::time_t transition : Transitions()) {
+  // Every day from 1900 to 2100 is stepped over.
+  for (const std::time_t transition : vyrtest::LocalTransitions(-2208988800, 4102444800, 86400)) {
     for (const std::time_t side : {transition - 1, transition}) {
       std::tm local;
       localtime_r(&side, &local);

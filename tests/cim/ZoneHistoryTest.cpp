@@ -2,15 +2,11 @@
 // it answers, and wherever it answers a wall clock, mktime (daylight saving 0) must give that same
 // instant whatever offset its search starts from. And it must answer nearly everywhere, or the
 // agreement proves nothing.
-#include <dirent.h>
-#include <sys/stat.h>
-
-#include <ctime>
-#include <fstream>
 #include <algorithm>
+#include <ctime>
+#include <filesystem>
 #include <random>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -18,6 +14,7 @@
 
 #include "cim/ZoneHistory.h"
 #include "cim/ZoneSource.h"
+#include "ZoneTransitions.h"
 #include "support/TestSupport.h"
 
 using namespace NORXVYR20::detail;
@@ -26,58 +23,27 @@ namespace {
 
 const std::string kZoneDirectory = "/usr/share/zoneinfo";
 
-// Every zone file once (links and copies share content), outside the "posix" and "right" copies.
-void ListZones(const std::string& relative, std::set<std::string>& contents,
-               std::vector<std::string>& zones) {
-  const std::string directory = kZoneDirectory + (relative.empty() ? "" : "/" + relative);
-  DIR* listing = opendir(directory.c_str());
-  if (!listing) return;
+// Every zone file once (links and copies share content; the first name in order is kept),
+// outside the "posix" and "right" copies.
+std::vector<std::string> ListZones() {
+  namespace fs = std::filesystem;
   std::vector<std::string> names;
-  while (const dirent* entry = readdir(listing)) names.push_back(entry->d_name);
-  closedir(listing);
+  for (auto entry = fs::recursive_directory_iterator(kZoneDirectory);
+       entry != fs::recursive_directory_iterator(); ++entry) {
+    const std::string name = fs::relative(entry->path(), kZoneDirectory).string();
+    if (entry->is_directory() && (name == "posix" || name == "right"))
+      entry.disable_recursion_pending();
+    else if (entry->is_regular_file() && name != "localtime")
+      names.push_back(name);
+  }
   std::sort(names.begin(), names.end());
+  std::set<std::string> contents;
+  std::vector<std::string> zones;
   for (const std::string& name : names) {
-    if (name[0] == '.' || name == "posix" || name == "right" || name == "localtime") continue;
-    const std::string zone = relative.empty() ? name : relative + "/" + name;
-    const std::string path = kZoneDirectory + "/" + zone;
-    struct stat status;
-    if (stat(path.c_str(), &status) != 0) continue;
-    if (S_ISDIR(status.st_mode)) {
-      ListZones(zone, contents, zones);
-      continue;
-    }
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    if (bytes.str().compare(0, 4, "TZif") != 0 || !contents.insert(bytes.str()).second) continue;
-    zones.push_back(zone);
+    const std::string bytes = vyrtest::ReadFile(kZoneDirectory + "/" + name);
+    if (bytes.compare(0, 4, "TZif") == 0 && contents.insert(bytes).second) zones.push_back(name);
   }
-}
-
-// The instants where localtime's offset or flag changes, by a weekly scan and bisection; a
-// period shorter than a week may hide, which only leaves fewer places checked.
-std::vector<std::int64_t> Transitions(std::int64_t from, std::int64_t to) {
-  auto state = [](std::int64_t t) {
-    const std::time_t asTimeT = static_cast<std::time_t>(t);
-    std::tm fields;
-    localtime_r(&asTimeT, &fields);
-    return fields.tm_gmtoff * 2 + (fields.tm_isdst > 0);
-  };
-  std::vector<std::int64_t> found;
-  const std::int64_t step = 7 * 86400;
-  long before = state(from);
-  for (std::int64_t t = from; t < to; t += step) {
-    const long after = state(t + step);
-    if (after == before) continue;
-    std::int64_t low = t, high = t + step;
-    while (high - low > 1) {
-      const std::int64_t middle = low + (high - low) / 2;
-      (state(middle) == before ? low : high) = middle;
-    }
-    found.push_back(high);
-    before = after;
-  }
-  return found;
+  return zones;
 }
 
 // mktime of a wall clock, daylight saving 0, as the library asks it.
@@ -157,9 +123,7 @@ class TZoneCheck {
 };
 
 TEST(ZoneHistoryTest, AgreesWithLocaltimeAndMktimeInEveryInstalledZone) {
-  std::set<std::string> contents;
-  std::vector<std::string> zones;
-  ListZones("", contents, zones);
+  const std::vector<std::string> zones = ListZones();
   ASSERT_GT(zones.size(), 300u) << kZoneDirectory << " lacks zones (package tzdata)";
   TTally breakDowns, instants;
   int withHistory = 0;
@@ -178,7 +142,8 @@ TEST(ZoneHistoryTest, AgreesWithLocaltimeAndMktimeInEveryInstalledZone) {
     ++withHistory;
 
     // 1900 to 2037: after the last transition of a file a daylight-saving rule is glibc's.
-    const std::vector<std::int64_t> transitions = Transitions(-2208988800, 2114380800);
+    const std::vector<std::int64_t> transitions =
+        vyrtest::LocalTransitions(-2208988800, 2114380800, 7 * 86400);
     const TZoneCheck check(zone, history, transitions);
     for (std::size_t i = 0; i < transitions.size(); ++i) {
       const std::int64_t t = transitions[i];
